@@ -1,0 +1,35 @@
+# The Debian packages that Velko needs, and a function that installs the missing ones. Sourced by ./run and ./test.
+
+build_packages=(
+    g++ cmake ninja-build ccache pkg-config
+    qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-svg-dev libgl-dev libegl-dev
+    libsimdjson-dev
+)
+run_packages=(
+    qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
+    qt6-image-formats-plugins libgl1-mesa-dri fonts-inter fonts-noto-core fonts-dejavu-core
+)
+test_packages=(
+    libgtest-dev libbenchmark-dev qml6-module-qttest
+    xvfb xauth openbox x11-utils dbus at-spi2-core mgba-qt
+)
+
+# install_missing PACKAGE...: with root or sudo installs them, else prints the one line that does and stops.
+install_missing() {
+    local missing=() package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null || ! { sudo -n true 2>/dev/null || [ -t 0 ]; }; then
+            echo "Velko needs some packages first. Please run as root: apt-get install --no-install-recommends ${missing[*]}" >&2
+            exit 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing: ${missing[*]}"
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}

@@ -1,0 +1,17 @@
+#include "app/AppState.h"
+
+void AppState::setTab(AppTab tab)
+{
+    if (tab == m_tab) return;
+    m_tab = tab;
+    setProperty("detailGame", QString());
+    setProperty("selectedConsole", QString());
+    emit tabChanged();
+}
+
+void AppState::setTabName(const QString &tab)
+{
+    for (const AppTab candidate : appTabs()) {
+        if (name(candidate) == tab) return setTab(candidate);
+    }
+}

@@ -1,0 +1,6 @@
+#include "base/DayKey.h"
+
+QString dayKey(const QDateTime &moment)
+{
+    return moment.date().toString(Qt::ISODate);
+}

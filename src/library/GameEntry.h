@@ -1,0 +1,37 @@
+#pragma once
+
+#include "base/ReferenceDate.h"
+#include "library/GameSettings.h"
+#include "library/GameStatus.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QMap>
+#include <QPair>
+#include <QString>
+#include <optional>
+
+/// One game of the library. Identity is `id`.
+struct GameEntry {
+    QString id; ///< UUID, upper case, 8-4-4-4-12; fixed at creation
+    QString title;
+    QString consoleID; ///< `Console::id`
+    QString path; ///< absolute path of the game's file or folder
+    ReferenceDate addedAt;
+    std::optional<ReferenceDate> lastPlayed; ///< start of the last session
+    std::optional<GameSettings> settings; ///< absent: defaults
+    std::optional<QString> sourceFolder; ///< the scanned folder that the game came from
+    std::optional<double> playSeconds;
+    std::optional<qint64> sessionCount;
+    std::optional<double> lastSessionSeconds;
+    std::optional<QMap<QString, double>> daily; ///< seconds by day key
+    std::optional<bool> favorite;
+    std::optional<GameStatus> status;
+    std::optional<ReferenceDate> stateSavedAt;
+    std::optional<QString> statePath;
+    QList<QPair<QString, QByteArray>>
+        unknown; ///< keys of other versions with their JSON text, written back as they were
+    bool operator==(const GameEntry &) const = default;
+};
+
+QString newGameID();

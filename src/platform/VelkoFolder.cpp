@@ -1,0 +1,13 @@
+#include "platform/VelkoFolder.h"
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+QString velkoFolder(const Places &places, const Preferences &preferences)
+{
+    const QString chosen = preferences.get(preference::velkoFolder);
+    if (!chosen.isEmpty()) return chosen;
+    const QString earlier = places.home + u"/VelkoEmu"_s;
+    return QFileInfo(earlier).isDir() ? earlier : places.home + u"/Velko"_s;
+}
