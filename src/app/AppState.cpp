@@ -1,5 +1,7 @@
 #include "app/AppState.h"
 
+#include <QVariant>
+
 void AppState::setTab(AppTab tab)
 {
     if (tab == m_tab) return;
