@@ -11,8 +11,10 @@ run_packages=(
 )
 test_packages=(
     libgtest-dev libbenchmark-dev qml6-module-qttest
-    xvfb xauth openbox x11-utils dbus at-spi2-core mgba-qt
+    libxcb1-dev xvfb openbox dbus at-spi2-core mgba-qt
 )
+# What ./run needs when it has to bring its own display.
+headless_packages=(xvfb openbox dbus at-spi2-core mgba-qt xdotool scrot)
 
 # install_missing PACKAGE...: with root or sudo installs them, else prints the one line that does and stops.
 install_missing() {
