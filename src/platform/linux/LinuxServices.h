@@ -1,7 +1,9 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/Places.h"
 #include "platform/Tasks.h"
+#include "platform/Workspace.h"
 
 #include <memory>
 
@@ -11,3 +13,8 @@ std::unique_ptr<Clock> makeClock();
 /// At least four pieces of work run at the same time. Destroying it waits for the work that runs, drops what has not
 /// begun, and lets no result arrive any more.
 std::unique_ptr<Tasks> makeTasks();
+
+/// What programs print is kept by `velko-session-log`, a program beside ours or in "../lib/velko" of its folder;
+/// without it nothing is kept. It may write a moment longer than the program ran: read the log slightly later, or
+/// again. Programs go on when the workspace is destroyed. Needs a running event loop to notice ends.
+std::unique_ptr<Workspace> makeWorkspace(const Places &places);
