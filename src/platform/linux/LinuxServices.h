@@ -4,6 +4,7 @@
 #include "platform/Places.h"
 #include "platform/RequestChannel.h"
 #include "platform/Tasks.h"
+#include "platform/Workspace.h"
 
 #include <memory>
 
@@ -16,3 +17,8 @@ std::unique_ptr<Tasks> makeTasks();
 
 /// A lock and a socket in "velko" below the runtime folder, open to this user only.
 std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places);
+
+/// What programs print is kept by `velko-session-log`, a program beside ours or in "../lib/velko" of its folder;
+/// without it nothing is kept. It may write a moment longer than the program ran: read the log slightly later, or
+/// again. Programs go on when the workspace is destroyed. Needs a running event loop to notice ends.
+std::unique_ptr<Workspace> makeWorkspace(const Places &places);
