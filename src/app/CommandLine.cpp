@@ -1,0 +1,74 @@
+#include "app/CommandLine.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+struct Form {
+    const char16_t *word;
+    Command::Kind kind;
+    int fewest;
+    int most; ///< operands; -1: any number
+    bool json;
+};
+} // namespace
+
+static constexpr Form forms[] = {
+    {u"add", Command::Kind::add, 1, -1, false},
+    {u"scan", Command::Kind::scan, 0, -1, false},
+    {u"list", Command::Kind::list, 0, 0, true},
+    {u"play", Command::Kind::play, 1, 1, false},
+    {u"emulators", Command::Kind::emulators, 0, 0, true},
+    {u"doctor", Command::Kind::doctor, 0, 0, false},
+    {u"--big-picture", Command::Kind::openBigPicture, 0, 0, false},
+    {u"--help", Command::Kind::help, 0, 0, false},
+    {u"-h", Command::Kind::help, 0, 0, false},
+    {u"--version", Command::Kind::version, 0, 0, false},
+};
+
+static Result<Command> parse(const Form &form, const QStringList &rest)
+{
+    Command command{.kind = form.kind};
+    bool optionsOver = false;
+    for (const QString &word : rest) {
+        if (!optionsOver && word == "--"_L1)
+            optionsOver = true;
+        else if (!optionsOver && word == "--json"_L1 && form.json)
+            command.json = true;
+        else if (!optionsOver && word.startsWith(u'-') && word.size() > 1)
+            return Message{u"“velko %@” has no option “%@”."_s, {QString::fromUtf16(form.word), word}};
+        else
+            command.operands += word;
+    }
+    if (command.operands.size() < form.fewest)
+        return Message{form.kind == Command::Kind::play ? u"Which game? Give its title or identifier: velko play GAME"_s
+                                                        : u"Which files? Give at least one: velko add PATH…"_s,
+                       {}};
+    if (form.most >= 0 && command.operands.size() > form.most)
+        return Message{u"“velko %@” doesn't take “%@”. A name with blanks must stand in quotes."_s,
+                       {QString::fromUtf16(form.word), command.operands.value(form.most)}};
+    return command;
+}
+
+Result<Command> parseCommandLine(const QStringList &arguments)
+{
+    if (arguments.isEmpty()) return Command{};
+    for (const Form &form : forms) {
+        if (arguments.first() == QStringView(form.word)) return parse(form, arguments.mid(1));
+    }
+    return Message{u"Velko doesn't know “%@”. “velko --help” shows what it can do."_s, {arguments.first()}};
+}
+
+QString usage()
+{
+    return uR"(velko                     open the window
+velko --big-picture       open Big Picture
+velko add PATH…           add game files or folders to the library
+velko scan [DIR…]         look for games in these folders from now on; without any, in all folders again
+velko list [--json]       the games
+velko play GAME           start a game, by its title or identifier; returns when the game has ended
+velko emulators [--json]  the emulators that are installed
+velko doctor              what is found and what is missing, with remedies
+
+Exit status: 0 it worked, 1 it failed, 2 wrong usage.
+)"_s;
+}
