@@ -6,9 +6,9 @@ using namespace Qt::StringLiterals;
 
 TEST(GameFilter, textLeadsBackToTheFilter)
 {
-    for (const QString text : {u"all"_s, u"favorites"_s, u"playing"_s, u"backlog"_s, u"completed"_s, u"console:32x"_s})
+    for (const QString &text : {u"all"_s, u"favorites"_s, u"playing"_s, u"backlog"_s, u"completed"_s, u"console:32x"_s})
         EXPECT_EQ(toText(gameFilterFromText(text)), text);
-    for (const QString text : {u""_s, u"Favorites"_s, u"console:"_s, u"nonsense"_s})
+    for (const QString &text : {u""_s, u"Favorites"_s, u"console:"_s, u"nonsense"_s})
         EXPECT_EQ(toText(gameFilterFromText(text)), u"all"_s) << qPrintable(text);
 }
 

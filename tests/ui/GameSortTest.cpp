@@ -13,8 +13,8 @@ struct TitleRow {
 class TitleOrder : public testing::TestWithParam<TitleRow> { };
 TEST_P(TitleOrder, isAsPeopleCount)
 {
-    const QString first = searchForm(QString(GetParam().first));
-    const QString second = searchForm(QString(GetParam().second));
+    const QString first = searchForm(QString::fromUtf16(GetParam().first));
+    const QString second = searchForm(QString::fromUtf16(GetParam().second));
     EXPECT_LT(compareTitles(first, second), 0);
     EXPECT_GT(compareTitles(second, first), 0);
     EXPECT_EQ(compareTitles(first, first), 0);

@@ -1,6 +1,8 @@
 #include "ui/models/TileLayout.h"
 
 #include "ui/models/GridKeys.h"
+
+#include <QVariant>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;

@@ -2,6 +2,7 @@
 
 #include "app/Translator.h"
 #include "catalog/EmulatorDef.h"
+#include "emulators/CoreFinder.h"
 #include "emulators/InstalledEmulators.h"
 #include "ui/models/EngineStatus.h"
 
@@ -170,10 +171,13 @@ bool ConsoleFacts::hasEmulators() const
 QString ConsoleFacts::emulatorHint() const
 {
     if (statusOf(m_console, m_emulators) != EngineStatus::emulatorNeeded) return {};
-    for (const QString &id : m_console->emulators) {
-        const EmulatorDef *def = emulatorWithID(id, m_host);
-        if (def && !m_emulators.copies(id).isEmpty())
-            return m_translator.fill(u"%@ is installed, but its part for this console is missing."_s, {def->name});
+    // RetroArch is the one emulator that needs a part of its own for each console.
+    if (!m_emulators.copies(u"retroarch"_s).isEmpty() && m_console->emulators.contains(u"retroarch"_s)) {
+        const QString package = corePackage(m_console->id);
+        return package.isEmpty()
+            ? m_translator.translate(
+                u"RetroArch lacks its core for this console. Download it in RetroArch: Online Updater, Core Downloader."_s)
+            : m_translator.fill(u"RetroArch lacks its core for this console. It is in the package %@."_s, {package});
     }
     return m_translator.translate(u"Install one of these, and the games can be played."_s);
 }
