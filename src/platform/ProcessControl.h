@@ -2,7 +2,7 @@
 
 #include <QList>
 #include <QString>
-#include <QtTypes>
+#include <QtGlobal>
 
 /// A program that runs now.
 struct RunningProcess {

@@ -1,22 +1,15 @@
-#include "platform/linux/LinuxRequestChannel.h"
+#include "platform/linux/LinuxServices.h"
 
+#include "WaitUntil.h"
 #include "fakes/TemporaryHome.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QLocalSocket>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-void waitUntil(const std::function<bool()> &happened)
-{
-    const QDeadlineTimer limit(3000);
-    while (!happened() && !limit.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
-}
-
 /// What came back from the owner.
 struct Answers {
     QString out, error;

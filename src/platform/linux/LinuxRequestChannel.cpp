@@ -1,6 +1,6 @@
 #include "platform/RequestChannel.h"
 
-#include "platform/linux/LinuxRequestChannel.h"
+#include "platform/linux/LinuxServices.h"
 #include "platform/linux/RequestFrames.h"
 
 #include <QDir>
