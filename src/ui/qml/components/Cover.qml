@@ -5,13 +5,12 @@ import Velko
 /// A game's picture, or the plate of its console while there is none. Give it its size; corners are round already.
 Item {
     id: root
-    property string gameID
-    property string consoleID
+    property string cover ///< what stands behind "image://cover/": the role Cover of a model, or an identifier
+    property string consoleID ///< for its colours while the picture is made
     property string consoleShort ///< shown as a badge where consoles mix; empty: no badge
     property bool favorite: false
     property bool playing: false
     property real radius: 8
-    property int revision: 0 ///< counts changes of the picture or title, so that it is drawn anew
     readonly property int pixelWidth: Math.ceil(width * Screen.devicePixelRatio)
     readonly property int pixelHeight: Math.ceil(height * Screen.devicePixelRatio)
 
@@ -28,8 +27,9 @@ Item {
         id: picture
         anchors.fill: parent
         asynchronous: true
-        source: root.gameID === "" || root.width < 1 ? ""
-            : "image://cover/" + root.gameID + "/" + root.pixelWidth + "x" + root.pixelHeight + (root.revision > 0 ? "?" + root.revision : "")
+        source: root.cover === "" || root.width < 1 ? ""
+            : "image://cover/" + root.cover + "/" + root.pixelWidth + "x" + root.pixelHeight
+              + "x" + Math.round(root.radius * Screen.devicePixelRatio * 10)
     }
     Rectangle {
         visible: root.playing

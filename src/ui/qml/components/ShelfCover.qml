@@ -7,12 +7,12 @@ Item {
     required property int index
     required property string gameID
     required property string title
+    required property string cover
     required property string consoleID
     required property string consoleName
     required property real ratio ///< height by width
     required property bool favorite
     required property bool playing
-    required property int revision
     property real coverWidth: 192
     property real shelfHeight: 256
     property bool lit: false
@@ -34,11 +34,10 @@ Item {
         Behavior on scale { NumberAnimation { duration: Theme.focus; easing.type: Easing.OutCubic } }
         Cover {
             anchors.fill: parent
-            gameID: root.gameID
+            cover: root.cover
             consoleID: root.consoleID
             favorite: root.favorite
             playing: root.playing
-            revision: root.revision
         }
         FocusRing {
             visible: root.lit
