@@ -1,5 +1,6 @@
 #include "platform/Workspace.h"
 #include "fakes/TemporaryHome.h"
+#include "platform/ProcessState.h"
 #include "platform/WaitUntil.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/StartFailure.h"
@@ -201,14 +202,6 @@ TEST_F(LinuxWorkspace, startsWithoutALogThatCannotBeWritten)
     StartRequest start = shell(u"echo x; exit 7"_s);
     start.logFile = u"/proc/no/such.log"_s;
     EXPECT_EQ(run(start), (ProgramEnd{.exitStatus = 7}));
-}
-
-static char stateOf(pid_t pid)
-{
-    QFile file(u"/proc/%1/stat"_s.arg(pid));
-    if (!file.open(QFile::ReadOnly)) return 0;
-    const QByteArray line = file.readAll();
-    return line[line.lastIndexOf(')') + 2];
 }
 
 TEST_F(LinuxWorkspace, goesOnWhenVelkoIsKilledEvenWhileFrozen)

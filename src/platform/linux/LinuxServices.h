@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/FileIndex.h"
 #include "platform/Places.h"
 #include "platform/RequestChannel.h"
+#include "platform/ProcessControl.h"
 #include "platform/Tasks.h"
 #include "platform/Workspace.h"
 
@@ -22,3 +24,9 @@ std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places);
 /// without it nothing is kept. It may write a moment longer than the program ran: read the log slightly later, or
 /// again. Programs go on when the workspace is destroyed. Needs a running event loop to notice ends.
 std::unique_ptr<Workspace> makeWorkspace(const Places &places);
+
+/// Never touches process 1 or Velko itself, and stops no sound or display server.
+std::unique_ptr<ProcessControl> makeProcessControl();
+
+/// Asks plocate (its own database, unless another is given), then walks. Without plocate nothing begins with anything.
+std::unique_ptr<FileIndex> makeFileIndex(const Places &places, const QString &database = {});
