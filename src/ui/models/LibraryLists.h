@@ -52,6 +52,8 @@ public:
     QVariantList groupings() const; ///< by release date, by maker
 
     Q_INVOKABLE void toggleFavorite(const QString &gameID);
+    Q_INVOKABLE void chooseFilter(const QString &filter); ///< of the Games screen, which begins at its first game
+    Q_INVOKABLE void showAllGames(); ///< without filter and search
 
 signals:
     void currentGameChanged();
@@ -59,6 +61,7 @@ signals:
     void currentConsoleChanged();
 
 private:
+    void takeSearch();
     void keepSort(GameListModel *model);
     void followConsole();
     Choice choice(const QString &value, const QString &text) const;
