@@ -15,6 +15,7 @@
 
 #include <QDesktopServices>
 #include <QFileInfo>
+#include <QTimeZone>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;

@@ -63,6 +63,7 @@ static WindowParts withRenderer(const WindowParts &parts)
 VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content>(withRenderer(parts)))
 {
     QQmlEngine *engine = m_content->view.engine();
+    engine->addImportPath(u":/qt/qml"_s); // Qt 6.4 does not look there by itself
     engine->setProperty(TranslatorForQml::property, QVariant::fromValue(&parts.translator));
     engine->addImageProvider(u"icon"_s, new IconImageProvider);
     engine->addImageProvider(u"glow"_s, new GlowImageProvider);
@@ -72,7 +73,10 @@ VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content
     engine->addImageProvider(u"cover"_s, new CoverImageProvider(parts.library, parts.tasks, parts.places.host));
 }
 
-VelkoWindow::~VelkoWindow() = default;
+VelkoWindow::~VelkoWindow()
+{
+    m_content->view.setSource({}); // the pages go before what they are bound to
+}
 
 bool VelkoWindow::load()
 {
