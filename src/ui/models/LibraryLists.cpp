@@ -77,13 +77,13 @@ QVariantList LibraryLists::sorts() const
 
 QVariantList LibraryLists::groupings() const
 {
-    return {QVariant::fromValue(choice(u"date"_s, u"By release date"_s)),
-            QVariant::fromValue(choice(u"maker"_s, u"By maker"_s))};
+    return {QVariant::fromValue(choice(u"date"_s, u"By release date"_s, u"calendar"_s)),
+            QVariant::fromValue(choice(u"maker"_s, u"By maker"_s, u"maker"_s))};
 }
 
-Choice LibraryLists::choice(const QString &value, const QString &text) const
+Choice LibraryLists::choice(const QString &value, const QString &text, const QString &icon) const
 {
-    return {value, m_translator.translate(text)};
+    return {value, m_translator.translate(text), icon};
 }
 
 void LibraryLists::toggleFavorite(const QString &gameID)

@@ -17,9 +17,11 @@ struct Choice {
     Q_GADGET
     Q_PROPERTY(QString value MEMBER value)
     Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(QString icon MEMBER icon)
 public:
     QString value;
     QString text; ///< translated
+    QString icon; ///< name of a drawing; empty: none
 };
 
 /// What the Games and Consoles screens list, made when a screen first asks for it, with the user's choice of order and
@@ -64,7 +66,7 @@ private:
     void takeSearch();
     void keepSort(GameListModel *model);
     void followConsole();
-    Choice choice(const QString &value, const QString &text) const;
+    Choice choice(const QString &value, const QString &text, const QString &icon = {}) const;
 
     LibraryStore &m_library;
     const InstalledEmulators &m_emulators;

@@ -25,7 +25,7 @@ FocusScope {
         GameGrid {
             id: grid
             x: Theme.contentX - edge
-            width: Theme.contentWidth - root.sideWidth - root.sideGap + 2 * edge
+            width: Theme.contentWidth - root.sideWidth - root.sideGap + edge + trailing
             height: parent.height
             focus: count > 0
             topSpace: head.height
@@ -55,9 +55,10 @@ FocusScope {
             color: Theme.t2
             wrapMode: Text.Wrap
         }
-        ScrollHandle {
-            view: grid
-            anchors.rightMargin: 4
+        Item {
+            x: root.width - 4
+            height: parent.height
+            ScrollHandle { view: grid }
         }
         ScrollPage {
             x: Theme.contentX + Theme.contentWidth - root.sideWidth - 10

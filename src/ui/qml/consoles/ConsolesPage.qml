@@ -4,6 +4,7 @@ import Velko
 /// The catalog, or the page of the console that was chosen in it.
 FocusScope {
     id: root
+    focus: true
     required property AppState app
     required property LibraryStore library
     required property FocusKeeper keeper

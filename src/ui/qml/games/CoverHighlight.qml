@@ -4,11 +4,11 @@ import Velko
 /// The one focus mark of a grid: the ring around the cover that the confirm button will act on, and its shadow.
 Item {
     id: root
-    required property GameGrid grid
-    readonly property GameCell cell: grid.currentItem as GameCell
+    property GameCell cell ///< may be null
+    property bool lit: false
     readonly property real grown: Theme.effects ? 1.06 : 1
 
-    visible: grid.lit && cell !== null
+    visible: lit && cell !== null
 
     Item {
         x: (root.width - width) / 2

@@ -8,7 +8,8 @@ GridView {
     property string remembered ///< the game that had the focus when the list begins anew
     property real topSpace: 28 ///< above the first covers; what stands there moves with them
     readonly property int edge: 16 ///< room for the ring beside the covers
-    readonly property real room: width - 2 * edge
+    readonly property int trailing: 56 ///< room for a gap after the last column, which the view counts too
+    readonly property real room: width - edge - trailing
     readonly property int columns: Math.max(2, Math.ceil((room + 29) / 237))
     // Multiples of 12 make the heights of all three shapes whole numbers, so that pictures are drawn as they are.
     readonly property int coverWidth: Math.max(96, Math.floor((room - (columns - 1) * 29) / columns / 12) * 12)
@@ -24,7 +25,6 @@ GridView {
     clip: true
     model: games
     leftMargin: edge
-    rightMargin: edge
     cellWidth: coverWidth + gap
     cellHeight: shelf + 76
     boundsBehavior: Flickable.StopAtBounds
@@ -46,7 +46,10 @@ GridView {
 
     header: Item { height: root.topSpace }
     footer: Item { height: 24 }
-    highlight: CoverHighlight { grid: root }
+    highlight: CoverHighlight {
+        cell: root.currentItem as GameCell
+        lit: root.lit
+    }
     delegate: GameCell {
         width: root.coverWidth
         height: root.cellHeight
@@ -74,18 +77,20 @@ GridView {
         onFavoriteToggled: root.favoriteToggled(root.games.gameAt(root.currentIndex))
         onTyped: text => root.typed(text)
     }
-    Repeater {
-        model: root.cellHeight > 0 ? Math.ceil(root.height / root.cellHeight) + 1 : 0
-        ShelfLine {
-            required property int index
-            readonly property int line: root.firstLine + index
-            parent: root.contentItem
-            z: -1
-            visible: line * root.columns < root.count
-            x: -8
-            y: line * root.cellHeight + root.shelf
-            width: root.room + 16
-            opacity: 0.5
+    Item {
+        parent: root.contentItem
+        z: -1
+        Repeater {
+            model: root.cellHeight > 0 ? Math.ceil(root.height / root.cellHeight) + 1 : 0
+            ShelfLine {
+                required property int index
+                readonly property int line: root.firstLine + index
+                visible: line * root.columns < root.count
+                x: -8
+                y: line * root.cellHeight + root.shelf
+                width: root.room + 16
+                opacity: 0.5
+            }
         }
     }
 }

@@ -4,6 +4,7 @@ import Velko
 /// The library: filters at the left, covers at the right.
 FocusScope {
     id: root
+    focus: true
     required property AppState app
     required property FocusKeeper keeper
     required property LibraryLists lists
@@ -80,7 +81,7 @@ FocusScope {
                 id: grid
                 x: -edge
                 y: 60
-                width: parent.width + 2 * edge
+                width: parent.width + edge + trailing
                 height: parent.height - y
                 focus: true
                 games: root.games
@@ -90,11 +91,11 @@ FocusScope {
                 onFavoriteToggled: gameID => root.lists.toggleFavorite(gameID)
                 onTyped: text => sidebar.search(text)
             }
-            ScrollHandle {
-                view: grid
-                anchors.top: grid.top
-                anchors.bottom: grid.bottom
-                anchors.rightMargin: -root.edge + 4
+            Item {
+                x: parent.width + root.edge - 4
+                y: grid.y
+                height: grid.height
+                ScrollHandle { view: grid }
             }
             EmptyState {
                 visible: root.games.count === 0

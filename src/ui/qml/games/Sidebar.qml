@@ -23,7 +23,7 @@ FocusScope {
     }
     ScrollPage {
         y: 66
-        width: parent.width
+        width: parent.width + 18 // the handle stands beside the rows
         height: parent.height - y
         clip: true
         keeper: root.keeper
@@ -32,7 +32,7 @@ FocusScope {
 
         Column {
             id: rows
-            width: parent.width
+            width: root.width
             Repeater {
                 model: root.lists.sidebar
                 SidebarRow {
