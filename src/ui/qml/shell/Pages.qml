@@ -6,8 +6,7 @@ FocusScope {
     id: root
     required property AppState app
     required property LibraryStore library
-    required property InstalledEmulators emulators
-    required property Preferences preferences
+    required property LibraryLists lists
     required property FocusKeeper keeper
     required property HomeFacts home
     required property GameFacts openGame
@@ -36,13 +35,28 @@ FocusScope {
         name: "games"
         app: root.app
         covered: root.gameShown
-        page: Component { PlainPage { title: Tr.translate("Games") } }
+        page: Component {
+            GamesPage {
+                app: root.app
+                keeper: root.keeper
+                lists: root.lists
+                onFolderWanted: root.folderWanted()
+            }
+        }
     }
     TabPage {
         name: "consoles"
         app: root.app
         covered: root.gameShown
-        page: Component { PlainPage { title: Tr.translate("Consoles") } }
+        page: Component {
+            ConsolesPage {
+                app: root.app
+                library: root.library
+                keeper: root.keeper
+                lists: root.lists
+                onFolderWanted: root.folderWanted()
+            }
+        }
     }
     TabPage {
         name: "essentials"
