@@ -9,8 +9,7 @@ using namespace Qt::StringLiterals;
 
 InstalledEmulators::InstalledEmulators(const Places &places, const Workspace &workspace, const FileIndex &index,
                                        const Preferences &preferences, Tasks &tasks, QObject *parent)
-    : QObject(parent), m_places(places), m_workspace(workspace), m_index(index), m_preferences(preferences),
-      m_tasks(tasks)
+    : QObject(parent), m_places(places), m_finder(places, workspace, index), m_preferences(preferences), m_tasks(tasks)
 {
     connect(&preferences, &Preferences::changed, this, &InstalledEmulators::preferenceChanged);
 }
@@ -38,8 +37,7 @@ std::optional<ReadyEmulator> InstalledEmulators::stillReadyFor(const QString &co
 void InstalledEmulators::refresh()
 {
     const int token = ++m_token;
-    const auto look = [places = m_places, finder = EmulatorFinder(m_places, m_workspace, m_index),
-                       choices = emulatorChoices(m_preferences, m_places.host)] {
+    const auto look = [places = m_places, finder = m_finder, choices = emulatorChoices(m_preferences, m_places.host)] {
         Look look{finder.allCopies(choices), {}};
         for (const Console &console : consoles(places.host)) {
             const auto ready = chooseEmulator(console, choices, places,

@@ -24,6 +24,7 @@ public:
     /// look out of date, or when what it found has gone from its place since.
     std::optional<ReadyEmulator> stillReadyFor(const QString &consoleID) const;
 
+    const EmulatorFinder &finder() const { return m_finder; } ///< for a search of one's own, in the background
     Q_INVOKABLE void refresh();
 
 signals:
@@ -37,8 +38,7 @@ private:
     void preferenceChanged(const QString &key);
 
     Places m_places;
-    const Workspace &m_workspace;
-    const FileIndex &m_index;
+    EmulatorFinder m_finder;
     const Preferences &m_preferences;
     Tasks &m_tasks;
     bool m_known = false;

@@ -92,8 +92,7 @@ bool VelkoWindow::load()
     view.setResizeMode(QQuickView::SizeRootObjectToView);
     view.setInitialProperties({{u"app"_s, QVariant::fromValue(&content.parts.app)},
                                {u"library"_s, QVariant::fromValue(&content.parts.library)},
-                               {u"emulators"_s, QVariant::fromValue(&content.parts.emulators)},
-                               {u"preferences"_s, QVariant::fromValue(&content.parts.preferences)},
+                               {u"lists"_s, QVariant::fromValue(&content.lists)},
                                {u"keeper"_s, QVariant::fromValue(&content.keeper)},
                                {u"input"_s, QVariant::fromValue(&content.input)},
                                {u"home"_s, QVariant::fromValue(&content.home)},

@@ -6,8 +6,7 @@ FocusScope {
     id: root
     required property AppState app
     required property LibraryStore library
-    required property InstalledEmulators emulators
-    required property Preferences preferences
+    required property LibraryLists lists
     required property FocusKeeper keeper
     required property InputMode input
     required property HomeFacts home
@@ -54,8 +53,7 @@ FocusScope {
             focus: true
             app: root.app
             library: root.library
-            emulators: root.emulators
-            preferences: root.preferences
+            lists: root.lists
             keeper: root.keeper
             home: root.home
             openGame: root.openGame

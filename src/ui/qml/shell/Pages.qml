@@ -6,8 +6,7 @@ FocusScope {
     id: root
     required property AppState app
     required property LibraryStore library
-    required property InstalledEmulators emulators
-    required property Preferences preferences
+    required property LibraryLists lists
     required property FocusKeeper keeper
     required property HomeFacts home
     required property GameFacts openGame
