@@ -171,12 +171,23 @@ TEST(RomScanner, keepsWhatItFoundWhenCancelled)
     EXPECT_EQ(findings.hits.size(), 511);
 }
 
-TEST(RomScanner, namesFoldersThatCannotBeOpened)
+TEST(RomScanner, namesWhatCannotBeOpened)
 {
     const TemporaryHome home;
-    home.write(u"File.sfc"_s);
-    const QStringList roots{home.path() + u"/Gone"_s, home.path() + u"/File.sfc"_s};
+    const QStringList roots{home.path() + u"/Gone"_s, home.path() + u"/Gone.sfc"_s};
     EXPECT_EQ(RomScanner(Host::linux).scan(roots, always), (ScanFindings{.unopened = roots}));
+}
+
+TEST(RomScanner, takesSingleFilesAndLooksAtTheFoldersAboveThem)
+{
+    const TemporaryHome home;
+    const QString snes = home.write(u"Some (USA).sfc"_s);
+    const QString gameBoy = home.write(u"Game Boy/Deep/Other.gb"_s);
+    const QString unclear = home.write(u"Unclear.gb"_s);
+    const QString text = home.write(u"Notes.txt"_s);
+    const ScanFindings findings = RomScanner(Host::linux).scan({snes, gameBoy, unclear, text}, always);
+    EXPECT_EQ(findings.hits, (QList<Hit>{{snes, u"Some"_s, u"snes"_s, {}}, {gameBoy, u"Other"_s, u"gb"_s, {}}}));
+    EXPECT_EQ(findings.unsettled, 2);
 }
 
 struct ReportRow {
