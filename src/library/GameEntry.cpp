@@ -3,25 +3,42 @@
 #include "base/DayKey.h"
 
 #include <QUuid>
+#include <array>
 
 QString newGameID()
 {
     return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
 }
 
-static bool isHex(QChar c)
-{
-    return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F') || (c >= u'a' && c <= u'f');
-}
+/// The digit in upper case; 0 for everything that is none.
+static constexpr auto hexDigits = [] {
+    std::array<char, 256> digits{};
+    for (const char digit : {'0', '1', '2', '3', '4', '5', '6', '7', '8', '9', 'A', 'B', 'C', 'D', 'E', 'F'})
+        digits[size_t(digit)] = digit;
+    for (const char digit : {'a', 'b', 'c', 'd', 'e', 'f'})
+        digits[size_t(digit)] = char(digit - 'a' + 'A');
+    return digits;
+}();
 
-std::optional<QString> gameID(QStringView text)
+std::optional<QString> gameID(QLatin1String text)
 {
     if (text.size() != 36) return {};
-    for (qsizetype i = 0; i < text.size(); ++i) {
+    QString id(36, Qt::Uninitialized);
+    QChar *to = id.data();
+    bool valid = true;
+    for (int i = 0; i < 36; ++i) {
+        const char c = text.data()[i];
         const bool dash = i == 8 || i == 13 || i == 18 || i == 23;
-        if (dash ? text[i] != u'-' : !isHex(text[i])) return {};
+        const char written = dash ? char(c == '-' ? c : 0) : hexDigits[uchar(c)];
+        valid = valid && written;
+        to[i] = QLatin1Char(written);
     }
-    return text.toString().toUpper();
+    return valid ? std::optional(std::move(id)) : std::nullopt;
+}
+
+std::optional<QString> gameID(const QString &text)
+{
+    return gameID(QLatin1String(text.toLatin1()));
 }
 
 void addPlayTime(GameEntry &game, double seconds, const QDateTime &moment)

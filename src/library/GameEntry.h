@@ -35,7 +35,8 @@ struct GameEntry {
 QString newGameID();
 
 /// The upper-case form of a UUID written 8-4-4-4-12; nothing for any other text.
-std::optional<QString> gameID(QStringView text);
+std::optional<QString> gameID(QLatin1String text);
+std::optional<QString> gameID(const QString &text);
 
 /// Counts play time for the total and for the day of the moment at which it is counted. Nothing for 0 or less.
 void addPlayTime(GameEntry &game, double seconds, const QDateTime &moment);

@@ -8,6 +8,8 @@
 #include <cstring>
 #include <simdjson.h>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using simdjson::ondemand::value;
@@ -16,14 +18,61 @@ namespace {
 
 static_assert(libraryPadding >= qsizetype(simdjson::SIMDJSON_PADDING));
 
+/// Tells whether a hash came twice. A plain table with linear search, at most half full: with 100,000 identifiers a
+/// hash set costs more than all their parsing.
+class SeenHashes {
+public:
+    bool mayRepeat = false;
+
+    void add(size_t hash)
+    {
+        if (m_count * 2 >= m_table.size()) grow();
+        put(hash ? hash : 1);
+    }
+
+private:
+    void put(size_t hash)
+    {
+        size_t place = hash & (m_table.size() - 1);
+        while (m_table[place] != 0 && m_table[place] != hash)
+            place = (place + 1) & (m_table.size() - 1);
+        mayRepeat = mayRepeat || m_table[place] == hash;
+        m_table[place] = hash;
+        ++m_count;
+    }
+    void grow()
+    {
+        const std::vector<size_t> old =
+            std::exchange(m_table, std::vector<size_t>(std::max<size_t>(1024, m_table.size() * 4)));
+        m_count = 0;
+        for (const size_t hash : old) {
+            if (hash) put(hash);
+        }
+    }
+
+    std::vector<size_t> m_table; ///< 0: free; the size is a power of two
+    size_t m_count = 0;
+};
+
 /// Reads one file. A function answers false when the file does not decode; nothing that it wrote counts then.
 class Reader {
 public:
     bool read(const QByteArray &json, QList<GameEntry> &games);
+    /// Two games may have the same identifier; once in a blue moon they have not.
+    bool mayRepeat() const { return m_ids.mayRepeat; }
 
 private:
+    template <class Object>
+    struct Field {
+        std::string_view key;
+        bool required;
+        bool (*read)(Reader &reader, value json, Object &object);
+    };
+
     template <class Each>
     bool fields(value json, Each each);
+    template <class Object, size_t count>
+    bool readObject(value json, Object &object, const Field<Object> (&known)[count]);
     bool read(value json, GameEntry &game);
     bool read(value json, GameSettings &settings);
     bool read(value json, QMap<QString, double> &daily);
@@ -51,6 +100,7 @@ private:
     simdjson::ondemand::parser m_parser;
     simdjson::dom::parser m_checker;
     const char *m_end = nullptr;
+    SeenHashes m_ids;
     /// Texts that many games have in common, kept once. The keys lie in the file or in the parser.
     std::unordered_map<std::string_view, QString> m_shared;
 };
@@ -160,11 +210,13 @@ bool Reader::readNamed(value json, T &named, std::optional<T> (*find)(const QStr
 
 bool Reader::readID(value json, QString &id)
 {
-    QString text;
-    if (!read(json, text)) return false;
-    std::optional<QString> upper = gameID(text);
-    if (upper) id = *std::move(upper);
-    return upper.has_value();
+    std::string_view text;
+    if (!view(json, text)) return false;
+    std::optional<QString> upper = gameID(QLatin1String(text.data(), qsizetype(text.size())));
+    if (!upper) return false;
+    id = *std::move(upper);
+    m_ids.add(qHash(id));
+    return true;
 }
 
 /// The parser skips what it is not asked for, so a value that is only copied is checked by itself: what is written
@@ -213,55 +265,66 @@ bool Reader::fields(value json, Each each)
 
 bool Reader::read(value json, QMap<QString, double> &daily)
 {
-    return fields(json, [&](std::string_view day, value seconds) { return read(seconds, daily[shared(day)]); });
+    return fields(json, [&](std::string_view day, value seconds) {
+        // Days come in their order, so each has its place at the end.
+        return read(seconds, *daily.insert(daily.cend(), shared(day), 0));
+    });
+}
+
+template <class Object, size_t count>
+bool Reader::readObject(value json, Object &object, const Field<Object> (&known)[count])
+{
+    unsigned seen = 0;
+    size_t next = 0; // keys usually come in their order
+    const bool whole = fields(json, [&](std::string_view key, value content) {
+        for (size_t tried = 0; tried < count; ++tried, next = (next + 1) % count) {
+            if (known[next].key != key) continue;
+            const Field<Object> &field = known[next];
+            seen |= 1u << std::exchange(next, (next + 1) % count);
+            return field.read(*this, content, object);
+        }
+        return readUnknown(key, content, object.unknown);
+    });
+    for (size_t i = 0; i < count; ++i) {
+        if (known[i].required && !(seen & (1u << i))) return false;
+    }
+    return whole;
 }
 
 bool Reader::read(value json, GameSettings &settings)
 {
-    unsigned seen = 0;
-    const auto required = [&](unsigned bit, value content, auto &field) {
-        seen |= bit;
-        return read(content, field);
+    static constexpr Field<GameSettings> known[] = {
+        {"resolutionScale", true, [](Reader &r, value v, GameSettings &s) { return r.read(v, s.resolutionScale); }},
+        {"fps60", true, [](Reader &r, value v, GameSettings &s) { return r.read(v, s.fps60); }},
+        {"widescreen", true, [](Reader &r, value v, GameSettings &s) { return r.read(v, s.widescreen); }},
+        {"showFPS", true, [](Reader &r, value v, GameSettings &s) { return r.read(v, s.showFPS); }},
+        {"fullScreen", false, [](Reader &r, value v, GameSettings &s) { return r.read(v, s.fullScreen); }},
+        {"quality", false, [](Reader &r, value v, GameSettings &s) { return r.read(v, s.quality); }},
     };
-    const bool whole = fields(json, [&](std::string_view key, value content) {
-        if (key == "resolutionScale") return required(1, content, settings.resolutionScale);
-        if (key == "fps60") return required(2, content, settings.fps60);
-        if (key == "widescreen") return required(4, content, settings.widescreen);
-        if (key == "showFPS") return required(8, content, settings.showFPS);
-        if (key == "fullScreen") return read(content, settings.fullScreen);
-        if (key == "quality") return read(content, settings.quality);
-        return readUnknown(key, content, settings.unknown);
-    });
-    return whole && seen == 15;
+    return readObject(json, settings, known);
 }
 
 bool Reader::read(value json, GameEntry &game)
 {
-    unsigned seen = 0;
-    const auto required = [&](unsigned bit, bool whole) {
-        seen |= bit;
-        return whole;
+    static constexpr Field<GameEntry> known[] = {
+        {"id", true, [](Reader &r, value v, GameEntry &g) { return r.readID(v, g.id); }},
+        {"title", true, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.title); }},
+        {"consoleID", true, [](Reader &r, value v, GameEntry &g) { return r.readShared(v, g.consoleID); }},
+        {"path", true, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.path); }},
+        {"addedAt", true, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.addedAt); }},
+        {"lastPlayed", false, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.lastPlayed); }},
+        {"settings", false, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.settings); }},
+        {"sourceFolder", false, [](Reader &r, value v, GameEntry &g) { return r.readShared(v, g.sourceFolder); }},
+        {"playSeconds", false, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.playSeconds); }},
+        {"sessionCount", false, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.sessionCount); }},
+        {"lastSessionSeconds", false, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.lastSessionSeconds); }},
+        {"daily", false, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.daily); }},
+        {"favorite", false, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.favorite); }},
+        {"status", false, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.status); }},
+        {"stateSavedAt", false, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.stateSavedAt); }},
+        {"statePath", false, [](Reader &r, value v, GameEntry &g) { return r.read(v, g.statePath); }},
     };
-    const bool whole = fields(json, [&](std::string_view key, value content) {
-        if (key == "id") return required(1, readID(content, game.id));
-        if (key == "title") return required(2, read(content, game.title));
-        if (key == "consoleID") return required(4, readShared(content, game.consoleID));
-        if (key == "path") return required(8, read(content, game.path));
-        if (key == "addedAt") return required(16, read(content, game.addedAt));
-        if (key == "lastPlayed") return read(content, game.lastPlayed);
-        if (key == "settings") return read(content, game.settings);
-        if (key == "sourceFolder") return readShared(content, game.sourceFolder);
-        if (key == "playSeconds") return read(content, game.playSeconds);
-        if (key == "sessionCount") return read(content, game.sessionCount);
-        if (key == "lastSessionSeconds") return read(content, game.lastSessionSeconds);
-        if (key == "daily") return read(content, game.daily);
-        if (key == "favorite") return read(content, game.favorite);
-        if (key == "status") return read(content, game.status);
-        if (key == "stateSavedAt") return read(content, game.stateSavedAt);
-        if (key == "statePath") return read(content, game.statePath);
-        return readUnknown(key, content, game.unknown);
-    });
-    return whole && seen == 31;
+    return readObject(json, game, known);
 }
 
 bool Reader::read(const QByteArray &json, QList<GameEntry> &games)
@@ -271,6 +334,7 @@ bool Reader::read(const QByteArray &json, QList<GameEntry> &games)
     simdjson::ondemand::array array;
     if (m_parser.iterate(json.constData(), size_t(json.size()), size_t(json.capacity())).get(document)) return false;
     if (document.get_array().get(array)) return false;
+    games.reserve(json.size() / 200);
     for (auto element : array) {
         value content;
         if (element.get(content) || !read(content, games.emplaceBack())) return false;
@@ -301,7 +365,7 @@ std::optional<QList<GameEntry>> decodeLibrary(QByteArray json)
     Reader reader;
     QList<GameEntry> games;
     if (!reader.read(json, games)) return {};
-    giveNewIDsToRepeated(games);
+    if (reader.mayRepeat()) giveNewIDsToRepeated(games);
     return games;
 }
 

@@ -69,3 +69,9 @@ QString cleanTitle(const QString &name)
     }
     return title.simplified();
 }
+
+bool isForNativeGames(const QString &folderName)
+{
+    const QString words = padded(folderName);
+    return words == " native "_L1 || words.contains(" native ports "_L1) || words.contains(" native games "_L1);
+}

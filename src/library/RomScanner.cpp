@@ -10,11 +10,12 @@
 #include <dirent.h>
 #include <memory>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <vector>
 
 using namespace Qt::StringLiterals;
 
-RomScanner::RomScanner(Host host) : m_host(host)
+RomScanner::RomScanner(Host host, int mostEntries) : m_host(host), m_mostEntries(mostEntries)
 {
     for (const Console &console : consoles(host)) {
         for (const QString &extension : console.extensions)
@@ -66,9 +67,10 @@ private:
     using Entries = std::vector<Entry>;
 
     bool list(const QByteArray &folder, Entries &entries) const;
-    void walk(const QByteArray &folder, int level);
+    void walk(const QByteArray &folder, int level, int nativeLevels);
     bool addGameFolder(const QByteArray &folder, const Entries &entries);
     bool look();
+    int levelsForNativeGames(const QByteArray &folder, int ofParent) const;
     bool lookAtFile(const QByteArray &folder, const QByteArray &name);
     void add(const QByteArray &path, const QString &name, const QString &console);
 
@@ -102,7 +104,7 @@ bool FolderWalk::list(const QByteArray &folder, Entries &entries) const
 {
     const Folder stream(::opendir(folder.constData()));
     if (!stream) return false;
-    const size_t most = size_t(RomScanner::entriesPerFolder - m_examined) + 1;
+    const size_t most = size_t(m_scanner.m_mostEntries - m_examined) + 1;
     while (entries.size() < most) {
         const dirent *next = ::readdir(stream.get());
         if (!next) break;
@@ -124,7 +126,7 @@ int FolderWalk::run()
 {
     const QByteArray root = QFile::encodeName(m_root);
     if (Folder(::opendir(root.constData()))) {
-        walk(root, 1);
+        walk(root, 1, levelsForNativeGames(root, 0));
     } else if (QFileInfo(m_root).isFile() && look()) {
         const qsizetype slash = root.lastIndexOf('/');
         m_root.clear(); // nothing ends the climb through the folders above
@@ -138,7 +140,7 @@ int FolderWalk::run()
 /// Counts one entry; answers whether the walk goes on.
 bool FolderWalk::look()
 {
-    if (m_examined == RomScanner::entriesPerFolder) {
+    if (m_examined == m_scanner.m_mostEntries) {
         m_findings.cutShort += m_root;
         m_stopped = true;
     } else if (++m_examined % 256 == 0 && !m_goOn(m_examinedBefore + m_examined)) {
@@ -158,16 +160,42 @@ static bool isClosed(const QByteArray &name)
     return std::any_of(packages.begin(), packages.end(), [&](const QByteArray &end) { return lower.endsWith(end); });
 }
 
-void FolderWalk::walk(const QByteArray &folder, int level)
+/// In how many levels from the folder on programs are games: in a folder for native games and its sub-folders. Anywhere
+/// else a program may be anything, an emulator above all.
+int FolderWalk::levelsForNativeGames(const QByteArray &folder, int ofParent) const
+{
+    if (m_scanner.m_host != Host::linux) return 0;
+    const bool meant = isForNativeGames(QString::fromUtf8(folder.mid(folder.lastIndexOf('/') + 1)));
+    return meant ? 2 : std::max(0, ofParent - 1);
+}
+
+/// An AppImage, or an executable file that is a program by its first bytes.
+static bool isProgram(const QByteArray &folder, const QByteArray &name)
+{
+    const QByteArray extension = name.contains('.') ? name.mid(name.lastIndexOf('.') + 1).toLower() : QByteArray();
+    if (extension == "appimage") return true;
+    const QByteArray path = joined(folder, name);
+    if (!(extension.isEmpty() || extension == "x86_64" || extension == "aarch64")) return false;
+    if (::access(path.constData(), X_OK) != 0) return false;
+    QFile file(QFile::decodeName(path));
+    return file.open(QFile::ReadOnly)
+        && file.read(4)
+        == QByteArray("\x7F"
+                      "ELF");
+}
+
+void FolderWalk::walk(const QByteArray &folder, int level, int nativeLevels)
 {
     Entries entries;
     if (!list(folder, entries) || addGameFolder(folder, entries)) return;
     for (const Entry &entry : entries) {
         if (!look()) return;
-        if (entry.file)
+        if (entry.file && nativeLevels > 0 && isProgram(folder, entry.name))
+            add(joined(folder, entry.name), QFileInfo(QString::fromUtf8(entry.name)).completeBaseName(), u"native"_s);
+        else if (entry.file)
             lookAtFile(folder, entry.name);
         else if (entry.folder && level < RomScanner::levels && !isClosed(entry.name))
-            walk(joined(folder, entry.name), level + 1);
+            walk(joined(folder, entry.name), level + 1, levelsForNativeGames(entry.name, nativeLevels));
         if (m_stopped) return;
     }
 }
@@ -210,8 +238,9 @@ static bool isInCueSheet(const QByteArray &folder, QByteArray stem)
 }
 
 /// Files that share an extension with games and never are one.
-static bool isDocument(const QByteArray &stem, const QString &extension)
+static bool isNoGame(const QByteArray &stem, const QString &extension)
 {
+    if (extension == "appimage"_L1) return true; // outside a folder for native games
     static const QList<QByteArray> texts{"readme",  "changelog", "changes", "license", "licence",  "contributing",
                                          "history", "install",   "todo",    "authors", "security", "code_of_conduct"};
     if (extension == "md"_L1) return texts.contains(stem.toLower());
@@ -226,7 +255,7 @@ bool FolderWalk::lookAtFile(const QByteArray &folder, const QByteArray &name)
     const QString extension = QString::fromUtf8(name.mid(dot + 1)).toLower();
     if (!m_scanner.m_consoles.contains(extension)) return false;
     const QByteArray stem = name.left(dot);
-    if (isDocument(stem, extension) || (extension == "bin"_L1 && isInCueSheet(folder, stem))) return false;
+    if (isNoGame(stem, extension) || (extension == "bin"_L1 && isInCueSheet(folder, stem))) return false;
     const QByteArray path = joined(folder, name);
     const auto console = m_scanner.consoleForFile(QString::fromUtf8(path), extension, m_root);
     if (console)

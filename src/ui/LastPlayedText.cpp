@@ -1,5 +1,7 @@
 #include "ui/LastPlayedText.h"
 
+#include <QTimeZone>
+
 using namespace Qt::StringLiterals;
 
 QString shortDate(QDate date, QDate today, const QLocale &locale)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/FileIndex.h"
 #include "platform/Places.h"
 #include "platform/RequestChannel.h"
 #include "platform/ProcessControl.h"
@@ -26,3 +27,6 @@ std::unique_ptr<Workspace> makeWorkspace(const Places &places);
 
 /// Never touches process 1 or Velko itself, and stops no sound or display server.
 std::unique_ptr<ProcessControl> makeProcessControl();
+
+/// Asks plocate (its own database, unless another is given), then walks. Without plocate nothing begins with anything.
+std::unique_ptr<FileIndex> makeFileIndex(const Places &places, const QString &database = {});

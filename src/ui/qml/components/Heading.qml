@@ -9,7 +9,7 @@ Text {
     font.family: Theme.displayFamily
     font.pixelSize: Theme.dtxt(size)
     font.weight: 650
-    font.letterSpacing: -0.02 * font.pixelSize
+    font.letterSpacing: -0.022 * Theme.dtxt(size)
     renderType: Theme.textRendering
     textFormat: Text.PlainText
     elide: Text.ElideRight

@@ -5,7 +5,7 @@ import Velko
 Item {
     id: root
     required property AppState app
-    readonly property list<string> tabs: ["home", "games", "consoles", "essentials", "profile", "social"]
+    readonly property var tabs: ["home", "games", "consoles", "essentials", "profile", "social"]
     readonly property int current: tabs.indexOf(app.tab)
 
     Repeater {
