@@ -133,14 +133,15 @@ void CommandRunner::fail(const Answer &reply, const Message &why) const
     reply->finish(1);
 }
 
-/// Answers with the report of the scan that is about to begin, when it is over.
-void CommandRunner::reportScan(const Answer &reply)
+/// Answers with the report of the scan that is about to begin, when it is over. A scan of folders has done its work
+/// also when it could not use every file; of files that were named one by one the user expects all.
+void CommandRunner::reportScan(const Answer &reply, Remarks remarks)
 {
     auto *watch = new QObject(this);
-    connect(&m_library, &LibraryStore::scanReportChanged, watch, [this, reply, watch] {
+    connect(&m_library, &LibraryStore::scanReportChanged, watch, [this, reply, watch, remarks] {
         watch->deleteLater();
         const Message report = *m_library.scanReport();
-        if (m_library.scanTrouble()) return fail(reply, report);
+        if (m_library.scanTrouble() && remarks == Remarks::areFailures) return fail(reply, report);
         reply->print(m_translator.message(report) + u'\n');
         reply->finish(0);
     });
@@ -152,7 +153,7 @@ void CommandRunner::add(const QStringList &paths, const Answer &reply)
     for (const QString &path : paths) {
         if (!QFileInfo::exists(path)) return fail(reply, {u"File not found: %@"_s, {path}});
     }
-    reportScan(reply);
+    reportScan(reply, Remarks::areFailures);
     m_library.addFiles(paths);
 }
 
@@ -161,10 +162,12 @@ void CommandRunner::scan(const QStringList &folders, const Answer &reply)
     if (m_library.scanning()) return fail(reply, scanUnderWay);
     for (const QString &folder : folders) {
         if (!QFileInfo(folder).isDir()) return fail(reply, {u"“%@” is not a folder."_s, {folder}});
+        if (!QFileInfo(folder).isReadable())
+            return fail(reply, {u"“%@” can't be read. Give yourself the right to open it."_s, {folder}});
     }
     if (folders.isEmpty() && m_library.romFolders().isEmpty())
         return fail(reply, {u"No folder is scanned yet. Name one: velko scan DIR"_s, {}});
-    reportScan(reply);
+    reportScan(reply, Remarks::arePrinted);
     if (folders.isEmpty())
         m_library.scan({});
     else

@@ -29,7 +29,8 @@ public:
 private:
     using Answer = std::shared_ptr<Reply>;
 
-    void reportScan(const Answer &reply);
+    enum class Remarks { arePrinted, areFailures };
+    void reportScan(const Answer &reply, Remarks remarks);
     void add(const QStringList &paths, const Answer &reply);
     void scan(const QStringList &folders, const Answer &reply);
     void list(bool json, const Answer &reply);

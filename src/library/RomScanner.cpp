@@ -15,7 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-RomScanner::RomScanner(Host host) : m_host(host)
+RomScanner::RomScanner(Host host, int mostEntries) : m_host(host), m_mostEntries(mostEntries)
 {
     for (const Console &console : consoles(host)) {
         for (const QString &extension : console.extensions)
@@ -104,7 +104,7 @@ bool FolderWalk::list(const QByteArray &folder, Entries &entries) const
 {
     const Folder stream(::opendir(folder.constData()));
     if (!stream) return false;
-    const size_t most = size_t(RomScanner::entriesPerFolder - m_examined) + 1;
+    const size_t most = size_t(m_scanner.m_mostEntries - m_examined) + 1;
     while (entries.size() < most) {
         const dirent *next = ::readdir(stream.get());
         if (!next) break;
@@ -140,7 +140,7 @@ int FolderWalk::run()
 /// Counts one entry; answers whether the walk goes on.
 bool FolderWalk::look()
 {
-    if (m_examined == RomScanner::entriesPerFolder) {
+    if (m_examined == m_scanner.m_mostEntries) {
         m_findings.cutShort += m_root;
         m_stopped = true;
     } else if (++m_examined % 256 == 0 && !m_goOn(m_examinedBefore + m_examined)) {
@@ -238,8 +238,9 @@ static bool isInCueSheet(const QByteArray &folder, QByteArray stem)
 }
 
 /// Files that share an extension with games and never are one.
-static bool isDocument(const QByteArray &stem, const QString &extension)
+static bool isNoGame(const QByteArray &stem, const QString &extension)
 {
+    if (extension == "appimage"_L1) return true; // outside a folder for native games
     static const QList<QByteArray> texts{"readme",  "changelog", "changes", "license", "licence",  "contributing",
                                          "history", "install",   "todo",    "authors", "security", "code_of_conduct"};
     if (extension == "md"_L1) return texts.contains(stem.toLower());
@@ -254,7 +255,7 @@ bool FolderWalk::lookAtFile(const QByteArray &folder, const QByteArray &name)
     const QString extension = QString::fromUtf8(name.mid(dot + 1)).toLower();
     if (!m_scanner.m_consoles.contains(extension)) return false;
     const QByteArray stem = name.left(dot);
-    if (isDocument(stem, extension) || (extension == "bin"_L1 && isInCueSheet(folder, stem))) return false;
+    if (isNoGame(stem, extension) || (extension == "bin"_L1 && isInCueSheet(folder, stem))) return false;
     const QByteArray path = joined(folder, name);
     const auto console = m_scanner.consoleForFile(QString::fromUtf8(path), extension, m_root);
     if (console)

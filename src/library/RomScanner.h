@@ -36,10 +36,10 @@ struct ScanFindings {
 /// Recognises the games in folders. One scanner per scan; used in the background.
 class RomScanner {
 public:
-    static constexpr int entriesPerFolder = 20000;
+    static constexpr int entriesPerFolder = 20000; ///< looked at; the rest of a larger folder is left out
     static constexpr int levels = 6; ///< a file inside five sub-folders is the last one seen
 
-    explicit RomScanner(Host host);
+    explicit RomScanner(Host host, int mostEntries = entriesPerFolder);
 
     /// Called now and then with the number of entries looked at so far; answers whether to go on.
     using GoOn = std::function<bool(int examined)>;
@@ -55,6 +55,7 @@ private:
     const QString &hint(QStringView folderName);
 
     Host m_host;
+    int m_mostEntries;
     QHash<QString, QStringList> m_consoles; ///< by extension, in the catalog's order
     QHash<QString, QString> m_hints; ///< by folder name, as far as asked; empty: none
 };

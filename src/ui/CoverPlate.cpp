@@ -46,9 +46,11 @@ static void paintGround(QPainter &painter, const CoverPlate &plate, const QRectF
 
     // The discs stay inside the outline because they are cut by it, not because the painter clips (its edge is hard).
     const double unit = shorterSide(plate);
-    for (const double radius : {0.62 * unit, 0.4 * unit}) {
+    const bool tile = plate.label.isEmpty();
+    const QPointF centre(area.width() * (tile ? 0.835 : 0.98), area.height() * (tile ? 0.88 : 1));
+    for (const double radius : {0.63 * unit, 0.4 * unit}) {
         QPainterPath disc;
-        disc.addEllipse(QPointF(area.width() * 0.98, area.height()), radius, radius);
+        disc.addEllipse(centre, radius, radius);
         painter.fillPath(disc.intersected(outline), plateColor(plate, 0.40, 0.43, 0.20));
     }
 }

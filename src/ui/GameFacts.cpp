@@ -108,13 +108,14 @@ QString GameFacts::statusDot() const
 
 QString GameFacts::playTime() const
 {
-    return m_translator.message(playTimeText(exists() ? entry()->playSeconds.value_or(0) : 0));
+    const double seconds = exists() ? entry()->playSeconds.value_or(0) : 0;
+    return seconds > 0 ? m_translator.message(playTimeText(seconds)) : m_translator.fill(u"%@ min"_s, {u"0"_s});
 }
 
 QString GameFacts::playedText() const
 {
     const bool played = exists() && entry()->playSeconds.value_or(0) > 0;
-    return played ? m_translator.fill(u"%@ played"_s, {playTime()}) : playTime();
+    return played ? m_translator.fill(u"%@ played"_s, {playTime()}) : m_translator.translate(u"Never played"_s);
 }
 
 QString GameFacts::lastPlayed() const

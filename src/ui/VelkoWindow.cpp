@@ -19,6 +19,7 @@
 #include "ui/QmlTypes.h"
 #include "ui/Renderer.h"
 #include "ui/ShadowImageProvider.h"
+#include "ui/models/LibraryLists.h"
 
 #include <QQmlEngine>
 #include <QQuickView>
@@ -37,7 +38,8 @@ struct VelkoWindow::Content {
         : parts(given), sources{given.library, given.emulators, given.preferences, given.translator,
                                 given.clock,   given.tasks,     given.places.host},
           home(sources), openGame(sources), alerts(given.library, given.translator), notices(given.clock),
-          folders(given.places, given.tasks, given.translator)
+          folders(given.places, given.tasks, given.translator),
+          lists(given.library, given.emulators, given.app, given.preferences, given.translator, given.places)
     { }
 
     WindowParts parts;
@@ -47,6 +49,7 @@ struct VelkoWindow::Content {
     LibraryAlerts alerts;
     Notices notices;
     FolderList folders;
+    LibraryLists lists;
     QQuickView view;
     FocusKeeper keeper{&view};
     InputMode input{&view};
@@ -89,15 +92,15 @@ bool VelkoWindow::load()
     view.setResizeMode(QQuickView::SizeRootObjectToView);
     view.setInitialProperties({{u"app"_s, QVariant::fromValue(&content.parts.app)},
                                {u"library"_s, QVariant::fromValue(&content.parts.library)},
-                               {u"emulators"_s, QVariant::fromValue(&content.parts.emulators)},
-                               {u"preferences"_s, QVariant::fromValue(&content.parts.preferences)},
+                               {u"lists"_s, QVariant::fromValue(&content.lists)},
                                {u"keeper"_s, QVariant::fromValue(&content.keeper)},
                                {u"input"_s, QVariant::fromValue(&content.input)},
                                {u"home"_s, QVariant::fromValue(&content.home)},
                                {u"openGame"_s, QVariant::fromValue(&content.openGame)},
                                {u"alerts"_s, QVariant::fromValue(&content.alerts)},
                                {u"notices"_s, QVariant::fromValue(&content.notices)},
-                               {u"folders"_s, QVariant::fromValue(&content.folders)}});
+                               {u"folders"_s, QVariant::fromValue(&content.folders)},
+                               {u"lists"_s, QVariant::fromValue(&content.lists)}});
     view.setSource(page(u"Main.qml"_s));
     return view.status() == QQuickView::Ready;
 }

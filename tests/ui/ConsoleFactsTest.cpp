@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 struct Facts : ListHouse {
-    ConsoleFacts facts{emulators, translator, places};
+    ConsoleFacts facts{*store, emulators, translator, places};
     QAbstractItemModelTester tester{facts.emulators(), QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 }
@@ -26,6 +26,11 @@ TEST(ConsoleFacts, tellWhatTheCatalogKnows)
     EXPECT_EQ(house.facts.biosLabel(), u"PS2 BIOS"_s);
     EXPECT_EQ(house.facts.biosNeed(), u"Required"_s);
     EXPECT_EQ(house.facts.biosPlace(), u"Put it in ~/.config/PCSX2/bios"_s);
+
+    EXPECT_EQ(house.facts.gamesText(), u"0 games"_s);
+    house.add(u"One"_s, u"ps2"_s);
+    house.add(u"Other"_s, u"gb"_s);
+    EXPECT_EQ(house.facts.gamesText(), u"1 game"_s);
 
     house.facts.setConsoleID(u"dc"_s);
     EXPECT_EQ(house.facts.biosNeed(), u"Optional"_s);

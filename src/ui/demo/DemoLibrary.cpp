@@ -88,7 +88,7 @@ static void play(GameEntry &game, const QDateTime &now, QRandomGenerator &dice)
 {
     QMap<QString, double> daily;
     const int sessions = 1 + int(dice.bounded(8));
-    int daysAgo = 1 + int(dice.bounded(game.favorite ? 6 : 30));
+    int daysAgo = 1 + int(dice.bounded(game.favorite ? 6 : 12));
     double all = 0;
     for (int i = 0; i < sessions; ++i) {
         const double length = 120 + dice.bounded(4000);

@@ -4,7 +4,10 @@
 #include "catalog/EmulatorDef.h"
 #include "emulators/CoreFinder.h"
 #include "emulators/InstalledEmulators.h"
+#include "library/LibraryStore.h"
 #include "ui/models/EngineStatus.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -94,12 +97,13 @@ void EmulatorCopiesModel::refill()
     if (otherCount) emit countChanged();
 }
 
-ConsoleFacts::ConsoleFacts(const InstalledEmulators &emulators, const Translator &translator, const Places &places,
-                           QObject *parent)
-    : QObject(parent), m_emulators(emulators), m_translator(translator), m_host(places.host),
+ConsoleFacts::ConsoleFacts(const LibraryStore &library, const InstalledEmulators &emulators,
+                           const Translator &translator, const Places &places, QObject *parent)
+    : QObject(parent), m_library(library), m_emulators(emulators), m_translator(translator), m_host(places.host),
       m_copies(emulators, translator, places)
 {
     connect(&emulators, &InstalledEmulators::changed, this, &ConsoleFacts::statusChanged);
+    connect(&library, &LibraryStore::gamesChanged, this, &ConsoleFacts::gamesChanged);
 }
 
 void ConsoleFacts::setConsoleID(const QString &id)
@@ -109,6 +113,7 @@ void ConsoleFacts::setConsoleID(const QString &id)
     m_copies.setConsole(m_console);
     emit changed();
     emit statusChanged();
+    emit gamesChanged();
 }
 
 QString ConsoleFacts::name() const
@@ -130,6 +135,14 @@ QString ConsoleFacts::year() const
 QString ConsoleFacts::gamesTitle() const
 {
     return m_translator.fill(u"Your %@ games"_s, {name()});
+}
+
+QString ConsoleFacts::gamesText() const
+{
+    const auto ours = [this](const GameEntry &game) { return game.consoleID == consoleID(); };
+    const auto count = std::count_if(m_library.games().begin(), m_library.games().end(), ours);
+    return count == 1 ? m_translator.translate(u"1 game"_s)
+                      : m_translator.fill(u"%ld games"_s, {QString::number(count)});
 }
 
 QString ConsoleFacts::extensions() const

@@ -7,6 +7,7 @@
 #include <QtQml/qqmlregistration.h>
 
 class InstalledEmulators;
+class LibraryStore;
 class Translator;
 
 /// The emulators that can play one console, each with its copies on this machine; one that is not installed has one row
@@ -65,6 +66,7 @@ class ConsoleFacts : public QObject {
     Q_PROPERTY(QString maker READ maker NOTIFY changed)
     Q_PROPERTY(QString year READ year NOTIFY changed)
     Q_PROPERTY(QString gamesTitle READ gamesTitle NOTIFY changed)
+    Q_PROPERTY(QString gamesText READ gamesText NOTIFY gamesChanged)
     Q_PROPERTY(QString extensions READ extensions NOTIFY changed)
     Q_PROPERTY(bool takesGames READ takesGames NOTIFY changed)
     Q_PROPERTY(QString note READ note NOTIFY changed)
@@ -78,8 +80,8 @@ class ConsoleFacts : public QObject {
     Q_PROPERTY(QString biosPlace READ biosPlace NOTIFY changed)
     Q_PROPERTY(EmulatorCopiesModel *emulators READ emulators CONSTANT)
 public:
-    ConsoleFacts(const InstalledEmulators &emulators, const Translator &translator, const Places &places,
-                 QObject *parent = nullptr);
+    ConsoleFacts(const LibraryStore &library, const InstalledEmulators &emulators, const Translator &translator,
+                 const Places &places, QObject *parent = nullptr);
 
     QString consoleID() const { return m_console ? m_console->id : QString(); }
     void setConsoleID(const QString &id); ///< unknown: every text is empty
@@ -87,6 +89,7 @@ public:
     QString maker() const;
     QString year() const;
     QString gamesTitle() const; ///< "Your PlayStation 2 games"
+    QString gamesText() const; ///< "8 games"
     QString extensions() const; ///< "iso, chd, cso"
     bool takesGames() const; ///< there is a way to play what is dropped
     QString note() const;
@@ -103,8 +106,10 @@ public:
 signals:
     void changed();
     void statusChanged();
+    void gamesChanged();
 
 private:
+    const LibraryStore &m_library;
     const InstalledEmulators &m_emulators;
     const Translator &m_translator;
     const Host m_host;

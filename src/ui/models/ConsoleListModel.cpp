@@ -179,6 +179,13 @@ QList<int> ConsoleListModel::groupLines() const
     return lines;
 }
 
+void ConsoleListModel::showAll()
+{
+    setQuery({});
+    setEra(0);
+    setOnlyMine(false);
+}
+
 QString ConsoleListModel::consoleAt(int row) const
 {
     return row < 0 || row >= count() ? QString() : m_rows[row]->id;

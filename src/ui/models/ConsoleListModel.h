@@ -75,6 +75,7 @@ public:
     QList<int> groupSizes() const { return m_layout.groups; }
     QList<int> groupLines() const; ///< lines of tiles above each group
 
+    Q_INVOKABLE void showAll(); ///< takes back every filter
     Q_INVOKABLE QString consoleAt(int row) const; ///< empty outside the list
     Q_INVOKABLE int rowOf(const QString &consoleID) const; ///< -1: not shown
 

@@ -153,6 +153,12 @@ QString GameListModel::emptyText() const
     return m_translator.translate(u"Add a folder of games, and they stand here."_s);
 }
 
+QString GameListModel::emptyIcon() const
+{
+    if (!m_words.isEmpty()) return u"search"_s;
+    return m_filter.favorites ? u"heart"_s : u"shelf"_s;
+}
+
 QString GameListModel::gameAt(int row) const
 {
     const GameEntry *game = entryAt(row);

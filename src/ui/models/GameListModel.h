@@ -29,6 +29,8 @@ class GameListModel : public QAbstractListModel {
     Q_PROPERTY(bool mixed READ mixed NOTIFY filterChanged)
     Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY emptyChanged)
     Q_PROPERTY(QString emptyText READ emptyText NOTIFY emptyChanged)
+    Q_PROPERTY(QString emptyIcon READ emptyIcon NOTIFY emptyChanged)
+    Q_PROPERTY(bool narrowed READ narrowed NOTIFY emptyChanged)
 public:
     enum Role {
         GameID = Qt::UserRole + 1,
@@ -64,6 +66,8 @@ public:
     bool mixed() const { return m_filter.consoleID.isEmpty(); } ///< games of several consoles stand side by side
     QString emptyTitle() const; ///< why nothing is shown, translated
     QString emptyText() const; ///< what to do about it, translated
+    QString emptyIcon() const; ///< name of a drawing
+    bool narrowed() const { return !m_words.isEmpty() || m_filter != GameFilter(); } ///< by filter or search
 
     Q_INVOKABLE QString gameAt(int row) const; ///< identifier; empty outside the list
     Q_INVOKABLE int rowOf(const QString &gameID) const; ///< -1: not shown

@@ -1,6 +1,8 @@
 #include "ui/models/GridKeys.h"
 
+#include <QVariant>
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
 
 static std::optional<Move> moveOf(int key)
@@ -62,6 +64,8 @@ bool GridKeys::move(Move move)
     if (grid.groups.isEmpty()) return false;
     const int target = m_current < 0 ? 0 : tileAfter(grid, m_current, move, std::max(1, m_page));
     if (target == m_current) return !isArrow(move);
+    const int lines = std::abs(placeOf(grid, target).line - placeOf(grid, std::max(0, m_current)).line);
+    setProperty("far", lines > m_page);
     emit moved(target);
     return true;
 }

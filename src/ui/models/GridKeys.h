@@ -13,6 +13,7 @@ class GridKeys : public QObject {
     Q_PROPERTY(int columns MEMBER m_columns NOTIFY changed)
     Q_PROPERTY(int page MEMBER m_page NOTIFY changed) ///< lines that are seen at once
     Q_PROPERTY(int current MEMBER m_current NOTIFY changed) ///< -1: none
+    Q_PROPERTY(bool far MEMBER m_far NOTIFY farChanged) ///< the last move was longer than what is seen at once
 public:
     using QObject::QObject;
 
@@ -22,6 +23,7 @@ public:
 
 signals:
     void changed();
+    void farChanged();
     void moved(int tile);
     void opened(); ///< Return or Enter
     void favoriteToggled(); ///< F
@@ -35,4 +37,5 @@ private:
     int m_columns = 1;
     int m_page = 1;
     int m_current = -1;
+    bool m_far = false;
 };

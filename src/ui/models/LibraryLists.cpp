@@ -5,6 +5,8 @@
 #include "emulators/InstalledEmulators.h"
 #include "platform/Preferences.h"
 
+#include <QVariant>
+
 using namespace Qt::StringLiterals;
 
 LibraryLists::LibraryLists(LibraryStore &library, const InstalledEmulators &emulators, AppState &state,
@@ -28,8 +30,7 @@ GameListModel *LibraryLists::games()
     model->setSearch(m_state.property("search").toString());
     connect(model, &GameListModel::filterChanged, this,
             [this, model] { m_preferences.set(preference::librarySidebarFilter, model->filter()); });
-    connect(&m_state, &AppState::searchChanged, model,
-            [this, model] { model->setSearch(m_state.property("search").toString()); });
+    connect(&m_state, &AppState::searchChanged, this, &LibraryLists::takeSearch);
     return model;
 }
 
@@ -60,7 +61,7 @@ ConsoleListModel *LibraryLists::consoles()
 ConsoleFacts *LibraryLists::console()
 {
     if (!m_console) {
-        m_console = std::make_unique<ConsoleFacts>(m_emulators, m_translator, m_places);
+        m_console = std::make_unique<ConsoleFacts>(m_library, m_emulators, m_translator, m_places);
         followConsole();
     }
     return m_console.get();
@@ -76,18 +77,38 @@ QVariantList LibraryLists::sorts() const
 
 QVariantList LibraryLists::groupings() const
 {
-    return {QVariant::fromValue(choice(u"date"_s, u"By release date"_s)),
-            QVariant::fromValue(choice(u"maker"_s, u"By maker"_s))};
+    return {QVariant::fromValue(choice(u"date"_s, u"By release date"_s, u"calendar"_s)),
+            QVariant::fromValue(choice(u"maker"_s, u"By maker"_s, u"maker"_s))};
 }
 
-Choice LibraryLists::choice(const QString &value, const QString &text) const
+Choice LibraryLists::choice(const QString &value, const QString &text, const QString &icon) const
 {
-    return {value, m_translator.translate(text)};
+    return {value, m_translator.translate(text), icon};
 }
 
 void LibraryLists::toggleFavorite(const QString &gameID)
 {
     if (const GameEntry *game = m_library.game(gameID)) m_library.setFavorite(gameID, !game->favorite.value_or(false));
+}
+
+void LibraryLists::chooseFilter(const QString &filter)
+{
+    if (filter == games()->filter()) return;
+    setProperty("currentGame", QString());
+    games()->setFilter(filter);
+}
+
+void LibraryLists::showAllGames()
+{
+    chooseFilter(toText(GameFilter()));
+    m_state.setProperty("search", QString());
+}
+
+/// What is found begins with the first game, whatever was in focus before.
+void LibraryLists::takeSearch()
+{
+    setProperty("currentGame", QString());
+    m_games->setSearch(m_state.property("search").toString());
 }
 
 void LibraryLists::keepSort(GameListModel *model)

@@ -17,9 +17,11 @@ struct Choice {
     Q_GADGET
     Q_PROPERTY(QString value MEMBER value)
     Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(QString icon MEMBER icon)
 public:
     QString value;
     QString text; ///< translated
+    QString icon; ///< name of a drawing; empty: none
 };
 
 /// What the Games and Consoles screens list, made when a screen first asks for it, with the user's choice of order and
@@ -52,6 +54,8 @@ public:
     QVariantList groupings() const; ///< by release date, by maker
 
     Q_INVOKABLE void toggleFavorite(const QString &gameID);
+    Q_INVOKABLE void chooseFilter(const QString &filter); ///< of the Games screen, which begins at its first game
+    Q_INVOKABLE void showAllGames(); ///< without filter and search
 
 signals:
     void currentGameChanged();
@@ -59,9 +63,10 @@ signals:
     void currentConsoleChanged();
 
 private:
+    void takeSearch();
     void keepSort(GameListModel *model);
     void followConsole();
-    Choice choice(const QString &value, const QString &text) const;
+    Choice choice(const QString &value, const QString &text, const QString &icon = {}) const;
 
     LibraryStore &m_library;
     const InstalledEmulators &m_emulators;

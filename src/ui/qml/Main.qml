@@ -6,8 +6,7 @@ FocusScope {
     id: root
     required property AppState app
     required property LibraryStore library
-    required property InstalledEmulators emulators
-    required property Preferences preferences
+    required property LibraryLists lists
     required property FocusKeeper keeper
     required property InputMode input
     required property HomeFacts home
@@ -15,6 +14,7 @@ FocusScope {
     required property LibraryAlerts alerts
     required property Notices notices
     required property FolderList folders
+    required property LibraryLists lists
     readonly property bool modal: overlays.busy
 
     focus: true
@@ -53,12 +53,12 @@ FocusScope {
             focus: true
             app: root.app
             library: root.library
-            emulators: root.emulators
-            preferences: root.preferences
+            lists: root.lists
             keeper: root.keeper
             home: root.home
             openGame: root.openGame
             alerts: root.alerts
+            lists: root.lists
             onFolderWanted: overlays.show("folder")
             onRemovalWanted: overlays.show("remove")
             onRenameWanted: overlays.show("rename")

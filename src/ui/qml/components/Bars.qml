@@ -23,7 +23,8 @@ Item {
                 Accessible.name: day.modelData.name + ": " + day.modelData.time
                 Rectangle {
                     y: root.barHeight - height
-                    width: parent.width
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    width: Math.min(64, parent.width)
                     height: Math.max(4, day.modelData.share * root.barHeight)
                     radius: Math.min(6, height / 2)
                     color: day.modelData.today ? Theme.t1 : day.modelData.share > 0 ? (root.labels ? Theme.fill3 : Theme.line2) : Theme.fill2

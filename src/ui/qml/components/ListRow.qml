@@ -7,6 +7,7 @@ Pressable {
     property string text
     property string detail
     property string icon
+    property string dot ///< kind of a status dot in the icon's place; empty: none
     property string value
     property bool selected: false
     readonly property color ink: lit ? Theme.onAccent : available ? Theme.t1 : Theme.t3
@@ -30,8 +31,14 @@ Pressable {
         size: 20
         color: root.lit ? Theme.onAccent : Theme.t2
     }
+    StatusDot {
+        x: 19
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.dot !== ""
+        kind: root.dot
+    }
     Column {
-        x: root.icon === "" ? 14 : 46
+        x: root.icon === "" && root.dot === "" ? 14 : 46
         width: root.width - x - (root.value === "" ? 14 : amount.width + 26)
         anchors.verticalCenter: parent.verticalCenter
         spacing: 2

@@ -1,7 +1,7 @@
 import QtQuick
 import Velko
 
-/// A choice among a few. `options`: a list of { value, text, dot }; the left and right keys move inside it.
+/// A choice among a few. `options`: a list of { value, text, dot, icon }; the left and right keys move inside it.
 FocusScope {
     id: root
     required property var options
@@ -55,6 +55,13 @@ FocusScope {
                         anchors.verticalCenter: parent.verticalCenter
                         visible: option.on && option.modelData.dot !== undefined && !option.lit
                         kind: option.modelData.dot ?? ""
+                    }
+                    Icon {
+                        anchors.verticalCenter: parent.verticalCenter
+                        visible: name !== ""
+                        name: option.modelData.icon ?? ""
+                        size: 18
+                        color: option.lit ? Theme.onAccent : option.on ? Theme.t1 : Theme.t2
                     }
                     Label {
                         anchors.verticalCenter: parent.verticalCenter

@@ -43,7 +43,7 @@ Pressable {
             visible: root.text !== ""
             text: root.text
             size: root.textSize
-            font.weight: 600
+            font.weight: root.round ? 500 : 600
             color: root.ink
             width: Math.min(implicitWidth, root.width > 0 ? root.width - (root.icon === "" ? 24 : 54) : implicitWidth)
         }

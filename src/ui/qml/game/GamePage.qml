@@ -16,6 +16,32 @@ ScrollPage {
     Keys.onBackPressed: root.app.detailGame = ""
     Component.onCompleted: root.forceActiveFocus()
 
+    Backdrop {
+        x: root.width * 0.36
+        y: -80
+        width: root.width - x
+        height: 620
+        radius: 0
+        ground: Theme.bg
+        consoleID: root.game.consoleID
+        Rectangle {
+            anchors.fill: parent
+            gradient: Gradient {
+                GradientStop { position: 0; color: Qt.alpha(Theme.bg, 0.7) }
+                GradientStop { position: 0.3; color: Qt.alpha(Theme.bg, 0.3) }
+                GradientStop { position: 0.6; color: Qt.alpha(Theme.bg, 0.5) }
+                GradientStop { position: 1; color: Theme.bg }
+            }
+        }
+        Rectangle {
+            anchors.fill: parent
+            gradient: Gradient {
+                orientation: Gradient.Horizontal
+                GradientStop { position: 0; color: Theme.bg }
+                GradientStop { position: 0.4; color: Qt.alpha(Theme.bg, 0) }
+            }
+        }
+    }
     Item {
         x: Theme.contentX
         width: Theme.contentWidth
@@ -51,12 +77,12 @@ ScrollPage {
                 }
             }
             Heading {
-                topPadding: 16
+                topPadding: 14
                 width: parent.width
                 text: root.game.title
                 size: Theme.contentWidth >= 1500 ? 68 : Theme.contentWidth >= 1000 ? 52 : 36
                 font.weight: 700
-                lineHeight: 1.04
+                lineHeight: 0.9
                 wrapMode: Text.Wrap
                 maximumLineCount: 2
             }

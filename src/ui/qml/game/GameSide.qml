@@ -53,7 +53,7 @@ FocusScope {
                 required property var modelData
                 width: root.width
                 text: modelData.text
-                icon: selected ? "check" : ""
+                dot: modelData.dot
                 selected: root.game.status === modelData.value
                 onActivated: root.game.chooseStatus(modelData.value)
             }

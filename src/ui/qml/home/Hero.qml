@@ -54,7 +54,7 @@ FocusScope {
             text: root.game.title
             size: root.width >= 1000 ? 58 : root.width >= 700 ? 46 : 34
             font.weight: 680
-            lineHeight: 1.04
+            lineHeight: 0.9
             wrapMode: Text.Wrap
             maximumLineCount: 2
             bottomPadding: 14

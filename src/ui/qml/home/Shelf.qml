@@ -22,9 +22,10 @@ FocusScope {
         width: parent.width
         height: implicitHeight
         focus: true
-        coverWidth: Theme.contentWidth >= 1040 ? 192 : 144
-        gap: (Theme.contentWidth - columns * coverWidth) / Math.max(1, columns - 1)
-        readonly property int columns: Math.floor((Theme.contentWidth + 24) / (coverWidth + 24))
+        gap: Theme.contentWidth >= 1040 ? 32 : 24
+        coverWidth: Math.floor((Theme.contentWidth - gap * (columns - 1)) / columns)
+        readonly property int usualWidth: Theme.contentWidth >= 1040 ? 192 : 144
+        readonly property int columns: Math.max(2, Math.round((Theme.contentWidth + gap) / (usualWidth + gap)))
         name: root.title
         model: root.model
         onOpened: gameID => root.opened(gameID)

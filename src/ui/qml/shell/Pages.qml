@@ -6,12 +6,12 @@ FocusScope {
     id: root
     required property AppState app
     required property LibraryStore library
-    required property InstalledEmulators emulators
-    required property Preferences preferences
+    required property LibraryLists lists
     required property FocusKeeper keeper
     required property HomeFacts home
     required property GameFacts openGame
     required property LibraryAlerts alerts
+    required property LibraryLists lists
     readonly property bool gameShown: app.detailGame !== "" && openGame.exists
     signal folderWanted
     signal removalWanted
@@ -36,13 +36,28 @@ FocusScope {
         name: "games"
         app: root.app
         covered: root.gameShown
-        page: Component { PlainPage { title: Tr.translate("Games") } }
+        page: Component {
+            GamesPage {
+                app: root.app
+                keeper: root.keeper
+                lists: root.lists
+                onFolderWanted: root.folderWanted()
+            }
+        }
     }
     TabPage {
         name: "consoles"
         app: root.app
         covered: root.gameShown
-        page: Component { PlainPage { title: Tr.translate("Consoles") } }
+        page: Component {
+            ConsolesPage {
+                app: root.app
+                library: root.library
+                keeper: root.keeper
+                lists: root.lists
+                onFolderWanted: root.folderWanted()
+            }
+        }
     }
     TabPage {
         name: "essentials"
