@@ -1,14 +1,13 @@
 #pragma once
 
 #include "app/CommandLine.h"
-#include "app/CommandOutput.h"
 #include "platform/Places.h"
+#include "platform/RequestChannel.h"
 
 #include <QObject>
 #include <memory>
 
 class EmulatorFinder;
-class FileIndex;
 class LibraryStore;
 class Preferences;
 class Tasks;
@@ -19,29 +18,32 @@ class Translator;
 class CommandRunner : public QObject {
     Q_OBJECT
 public:
-    CommandRunner(const Places &places, LibraryStore &library, const EmulatorFinder &finder, const FileIndex &index,
+    CommandRunner(const Places &places, LibraryStore &library, const EmulatorFinder &finder,
                   const Preferences &preferences, Tasks &tasks, const Translator &translator,
                   QObject *parent = nullptr);
 
-    /// Relative paths among the operands count from `workingFolder`. The two window commands are not for here.
-    void run(const Command &command, const QString &workingFolder, std::shared_ptr<CommandOutput> output);
+    /// Relative paths among the operands count from `workingFolder`. Not for the commands that open a window.
+    void run(const Command &command, const QString &workingFolder, const std::shared_ptr<Reply> &reply);
+    bool isBusy() const; ///< whether a command is still under way
 
 private:
-    using Output = std::shared_ptr<CommandOutput>;
+    using Answer = std::shared_ptr<Reply>;
 
-    void add(const QStringList &paths, const Output &output);
-    void scan(const QStringList &folders, const Output &output);
-    void list(bool json, const Output &output);
-    void play(const QString &word, const Output &output);
-    void emulators(bool json, const Output &output);
-    void doctor(const Output &output);
-    void fail(const Output &output, const Message &why) const;
+    enum class Remarks { arePrinted, areFailures };
+    void reportScan(const Answer &reply, Remarks remarks);
+    void add(const QStringList &paths, const Answer &reply);
+    void scan(const QStringList &folders, const Answer &reply);
+    void list(bool json, const Answer &reply);
+    void play(const QString &word, const Answer &reply);
+    void emulators(bool json, const Answer &reply);
+    void doctor(const Answer &reply);
+    void fail(const Answer &reply, const Message &why) const;
 
     Places m_places;
     LibraryStore &m_library;
     const EmulatorFinder &m_finder;
-    const FileIndex &m_index;
     const Preferences &m_preferences;
     Tasks &m_tasks;
     const Translator &m_translator;
+    QList<std::weak_ptr<Reply>> m_underWay;
 };

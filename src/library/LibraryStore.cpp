@@ -200,16 +200,30 @@ void LibraryStore::dismissMissingFile()
 
 void LibraryStore::addFolder(const QString &folder)
 {
-    const QString clean = QDir::cleanPath(QDir(folder).absolutePath());
-    if (!m_romFolders.contains(clean)) {
-        m_romFolders += clean;
+    addFolders({folder});
+}
+
+void LibraryStore::addFolders(const QStringList &folders)
+{
+    QStringList added;
+    for (const QString &folder : folders)
+        added += QDir::cleanPath(QDir(folder).absolutePath());
+    QStringList all = m_romFolders + added;
+    all.removeDuplicates();
+    if (all != m_romFolders) {
+        m_romFolders = all;
         m_preferences.set(preference::romFolders, m_romFolders);
         emit romFoldersChanged();
     }
+    addFiles(added);
+}
+
+void LibraryStore::addFiles(const QStringList &paths)
+{
     if (m_scanning)
-        m_foldersToScan += clean;
+        m_pathsToScan += paths;
     else
-        startScan({clean});
+        startScan(paths);
 }
 
 void LibraryStore::removeFolder(const QString &folder)
@@ -224,7 +238,7 @@ void LibraryStore::scan(const QStringList &folders)
     if (!m_scanning) startScan(folders.isEmpty() ? m_romFolders : folders);
 }
 
-void LibraryStore::startScan(const QStringList &folders)
+void LibraryStore::startScan(const QStringList &paths)
 {
     m_scanning = true;
     m_scannedFiles = 0;
@@ -238,7 +252,7 @@ void LibraryStore::startScan(const QStringList &folders)
         return goesOn->load();
     };
     m_tasks.run(
-        this, [host = m_places.host, folders, goOn] { return RomScanner(host).scan(folders, goOn); },
+        this, [host = m_places.host, paths, goOn] { return RomScanner(host).scan(paths, goOn); },
         [this](const ScanFindings &findings) { finishScan(findings); });
     emit scanningChanged();
 }
@@ -254,21 +268,22 @@ void LibraryStore::finishScan(const ScanFindings &findings)
         game.consoleID = hit.consoleID;
         game.path = hit.url;
         game.addedAt = now;
-        game.sourceFolder = hit.root;
+        if (!hit.root.isEmpty()) game.sourceFolder = hit.root;
     }
     const int before = count();
     add(found);
     m_scanning = false;
     m_scanGoesOn.reset();
     m_scanReport = ::scanReport(findings, count() - before);
+    m_scanTrouble = findings.hasTrouble();
     emit scanningChanged();
     emit scanReportChanged();
-    if (!m_foldersToScan.isEmpty()) startScan(std::exchange(m_foldersToScan, {}));
+    if (!m_pathsToScan.isEmpty()) startScan(std::exchange(m_pathsToScan, {}));
 }
 
 void LibraryStore::cancelScan()
 {
-    m_foldersToScan.clear();
+    m_pathsToScan.clear();
     if (m_scanGoesOn) *m_scanGoesOn = false;
 }
 
@@ -387,7 +402,10 @@ void LibraryStore::failLaunch(const Message &why)
 
 void LibraryStore::cancelLaunch()
 {
-    if (m_launching) endLaunch();
+    if (!m_launching) return;
+    const QString id = m_launching->gameID;
+    endLaunch();
+    emit launchCancelled(id);
 }
 
 void LibraryStore::programStarted(int token, const Result<StartedGame> &result)
@@ -466,7 +484,9 @@ void LibraryStore::explainEarlyEnd(const RunningProgram &program, ProgramEnd end
 {
     m_tasks.run(
         this, [logFile = program.logFile] { return lastWords(logFile); },
-        [this, title = program.title, end](const QString &words) {
-            setLastError(closedAtOnceMessage(title, end, words));
+        [this, program, end](const QString &words) {
+            const Message why = closedAtOnceMessage(program.title, end, words);
+            setLastError(why);
+            emit closedAtOnce(program.gameID, why);
         });
 }

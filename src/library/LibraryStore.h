@@ -72,6 +72,7 @@ public:
     bool scanning() const { return m_scanning; }
     int scannedFiles() const { return m_scannedFiles; } ///< entries looked at so far by the scan under way
     std::optional<Message> scanReport() const { return m_scanReport; }
+    bool scanTrouble() const { return m_scanTrouble; } ///< the report asks the user to do something
     QString pendingLaunch() const { return m_pendingLaunch; } ///< empty: none; so for the next three
     QString justAdded() const { return m_justAdded; }
     QString missingFile() const { return m_missingFile; }
@@ -94,6 +95,10 @@ public:
     void setSettings(const QString &id, const GameSettings &settings);
 
     Q_INVOKABLE void addFolder(const QString &folder); ///< remembered in `romFolders` and scanned
+    void addFolders(const QStringList &folders);
+    /// Game files, and folders that are looked through this once; what is recognised is added, and reported like a
+    /// scan.
+    Q_INVOKABLE void addFiles(const QStringList &paths);
     Q_INVOKABLE void removeFolder(const QString &folder); ///< forgotten; its games stay
     Q_INVOKABLE void scan(const QStringList &folders); ///< empty: all `romFolders`; ignored while one is under way
     Q_INVOKABLE void cancelScan(); ///< what was found so far is added
@@ -123,7 +128,9 @@ signals:
     void setAsideChanged();
     void gameStarted(const QString &id, qint64 pid);
     void launchFailed(const QString &id, const Message &why);
+    void launchCancelled(const QString &id);
     void gameEnded(const QString &id, double sessionSeconds); ///< after the session is counted and saved
+    void closedAtOnce(const QString &id, const Message &why); ///< after `gameEnded` of a session that was too short
 
 private:
     /// A program that runs for a game.
@@ -141,7 +148,7 @@ private:
     template <class Edit>
     void edit(const QString &id, Edit edit);
 
-    void startScan(const QStringList &folders);
+    void startScan(const QStringList &paths);
     void finishScan(const ScanFindings &findings);
 
     void begin(const QString &id, bool resume);
@@ -170,7 +177,7 @@ private:
     QHash<qint64, RunningProgram> m_programs;
     QHash<qint64, ProgramEnd> m_endedEarly; ///< programs that ended during a launch, before we knew whose they are
     std::shared_ptr<std::atomic<bool>> m_scanGoesOn;
-    QStringList m_foldersToScan; ///< added during a scan
+    QStringList m_pathsToScan; ///< added during a scan
     int m_launchToken = 0; ///< what comes back with an older one belongs to a launch that is over
     bool m_resuming = false;
     Timer m_cloudCheck;
@@ -184,6 +191,7 @@ private:
     bool m_scanning = false;
     int m_scannedFiles = 0;
     std::optional<Message> m_scanReport;
+    bool m_scanTrouble = false;
     QString m_pendingLaunch;
     QString m_justAdded;
     QString m_missingFile;

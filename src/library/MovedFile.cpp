@@ -65,3 +65,10 @@ std::optional<QString> iCloudFile(const QString &placeholder)
     if (!file.startsWith(u'.') || !file.endsWith(u".icloud") || file.size() <= 8) return {};
     return QString(placeholder.left(name) + file.mid(1).chopped(7).toString());
 }
+
+Message missingFileMessage(const QString &title)
+{
+    return {u"“%@” isn't at its usual place anymore, and Velko couldn't find it on your Mac. It was maybe moved to an "
+            "external drive, renamed or deleted."_s,
+            {title}};
+}

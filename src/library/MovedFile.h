@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Message.h"
 #include "platform/Places.h"
 
 #include <QString>
@@ -32,3 +33,6 @@ QString spotlightQuery(const QString &fileName);
 QString iCloudPlaceholder(const QString &path);
 /// The other way round; nothing for any other name.
 std::optional<QString> iCloudFile(const QString &placeholder);
+
+/// What the user reads when a game's file was searched for in vain.
+Message missingFileMessage(const QString &title);

@@ -71,7 +71,7 @@ private:
     bool addGameFolder(const QByteArray &folder, const Entries &entries);
     bool look();
     int levelsForNativeGames(const QByteArray &folder, int ofParent) const;
-    void lookAtFile(const QByteArray &folder, const QByteArray &name);
+    bool lookAtFile(const QByteArray &folder, const QByteArray &name);
     void add(const QByteArray &path, const QString &name, const QString &console);
 
     RomScanner &m_scanner;
@@ -125,11 +125,15 @@ bool FolderWalk::list(const QByteArray &folder, Entries &entries) const
 int FolderWalk::run()
 {
     const QByteArray root = QFile::encodeName(m_root);
-    if (!Folder(::opendir(root.constData()))) {
+    if (Folder(::opendir(root.constData()))) {
+        walk(root, 1, levelsForNativeGames(root, 0));
+    } else if (QFileInfo(m_root).isFile() && look()) {
+        const qsizetype slash = root.lastIndexOf('/');
+        m_root.clear(); // nothing ends the climb through the folders above
+        if (!lookAtFile(root.left(slash), root.mid(slash + 1))) ++m_findings.unsettled;
+    } else {
         m_findings.unopened += m_root;
-        return 0;
     }
-    walk(root, 1, levelsForNativeGames(root, 0));
     return m_examined;
 }
 
@@ -243,20 +247,22 @@ static bool isNoGame(const QByteArray &stem, const QString &extension)
     return extension == "gz"_L1 && stem.toLower().endsWith(".tar");
 }
 
-void FolderWalk::lookAtFile(const QByteArray &folder, const QByteArray &name)
+/// Answers whether the file looks like a game.
+bool FolderWalk::lookAtFile(const QByteArray &folder, const QByteArray &name)
 {
     const qsizetype dot = name.lastIndexOf('.');
-    if (dot < 0) return;
+    if (dot < 0) return false;
     const QString extension = QString::fromUtf8(name.mid(dot + 1)).toLower();
-    if (!m_scanner.m_consoles.contains(extension)) return;
+    if (!m_scanner.m_consoles.contains(extension)) return false;
     const QByteArray stem = name.left(dot);
-    if (isNoGame(stem, extension) || (extension == "bin"_L1 && isInCueSheet(folder, stem))) return;
+    if (isNoGame(stem, extension) || (extension == "bin"_L1 && isInCueSheet(folder, stem))) return false;
     const QByteArray path = joined(folder, name);
     const auto console = m_scanner.consoleForFile(QString::fromUtf8(path), extension, m_root);
     if (console)
         add(path, QString::fromUtf8(stem), *console);
     else
         ++m_findings.unsettled;
+    return true;
 }
 
 void FolderWalk::add(const QByteArray &path, const QString &name, const QString &console)
@@ -271,13 +277,13 @@ void FolderWalk::add(const QByteArray &path, const QString &name, const QString 
     m_findings.hits += {url, title.isEmpty() ? name : title, console, m_root};
 }
 
-ScanFindings RomScanner::scan(const QStringList &folders, const GoOn &goOn)
+ScanFindings RomScanner::scan(const QStringList &paths, const GoOn &goOn)
 {
     ScanFindings findings;
     int examined = 0;
-    for (const QString &folder : folders) {
+    for (const QString &path : paths) {
         if (findings.cancelled) break;
-        examined += FolderWalk(*this, QDir::cleanPath(folder), findings, goOn, examined).run();
+        examined += FolderWalk(*this, QDir::cleanPath(path), findings, goOn, examined).run();
     }
     return findings;
 }

@@ -16,7 +16,7 @@ struct Hit {
     QString url; ///< absolute path of the file or game folder
     QString title;
     QString consoleID;
-    QString root; ///< the scanned folder
+    QString root; ///< the scanned folder; empty for a file that was given by itself
     bool operator==(const Hit &) const = default;
 };
 
@@ -27,8 +27,9 @@ struct ScanFindings {
     int unnamable = 0; ///< games whose path is not valid text, which the library can't keep
     QString firstUnnamable; ///< one of them, as far as it can be shown
     QStringList cutShort; ///< scanned folders with more entries than are looked at
-    QStringList unopened; ///< scanned folders that are not there or can't be read
+    QStringList unopened; ///< what was to be scanned and is not there or can't be read
     bool cancelled = false;
+    bool hasTrouble() const { return unsettled > 0 || unnamable > 0 || !cutShort.isEmpty() || !unopened.isEmpty(); }
     bool operator==(const ScanFindings &) const = default;
 };
 
@@ -42,7 +43,8 @@ public:
 
     /// Called now and then with the number of entries looked at so far; answers whether to go on.
     using GoOn = std::function<bool(int examined)>;
-    ScanFindings scan(const QStringList &folders, const GoOn &goOn);
+    /// Folders, and single files, whose console is told by the folders above them.
+    ScanFindings scan(const QStringList &paths, const GoOn &goOn);
 
     /// By the extension; where several consoles share it, by the names of the folders from the file's up to the root.
     std::optional<QString> consoleForFile(const QString &file, const QString &extension, const QString &root);

@@ -27,7 +27,9 @@ struct StartRequest {
     QStringList command; ///< argument vector; the first is an absolute path or a name searched on PATH
     QMap<QString, QString> environment; ///< added to, or replacing, the variables of Velko's own environment
     QString workingFolder;
-    QString logFile; ///< gets what the program prints, the last 256 KiB at least and 512 KiB at most; empty: nowhere
+    /// Gets what the program prints, the last 256 KiB at least and 512 KiB at most; an earlier content goes. Complete a
+    /// moment after the program has ended. Empty: nowhere.
+    QString logFile;
 };
 
 /// How a program ended.
@@ -48,8 +50,8 @@ public:
     /// Reads many small files: call it in the background. Safe from any thread.
     virtual QList<Application> applications() const = 0;
 
-    /// Starts a new instance in a process group of its own, which goes on when Velko ends. Answers the process
-    /// identifier as soon as the program runs, or why the system refused.
+    /// Starts a new instance in a session and process group of its own, which goes on when Velko ends. Answers the
+    /// process identifier as soon as the program runs, or why the system refused.
     virtual Result<qint64> start(const StartRequest &request) = 0;
 
     virtual bool openAddress(const QUrl &address) = 0; ///< a web address or a folder, in the user's own program

@@ -30,8 +30,18 @@ struct FakeProcessControl final : ProcessControl {
         return all;
     }
     bool isAlive(qint64 pid) const override { return processes.contains(pid); }
-    bool freeze(qint64 pid) override { return isAlive(pid) && (frozen.insert(pid), true); }
-    bool thaw(qint64 pid) override { return isAlive(pid) && (frozen.erase(pid), true); }
+    bool freeze(qint64 pid) override
+    {
+        for (const qint64 each : tree(pid))
+            frozen.insert(each);
+        return isAlive(pid);
+    }
+    bool thaw(qint64 pid) override
+    {
+        for (const qint64 each : tree(pid))
+            frozen.erase(each);
+        return isAlive(pid);
+    }
     bool askToQuit(qint64 pid) override
     {
         return isAlive(pid) && (stubborn.contains(pid) || processes.erase(pid) == 1);

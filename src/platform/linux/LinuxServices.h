@@ -1,9 +1,12 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/FileIndex.h"
 #include "platform/Places.h"
 #include "platform/RequestChannel.h"
+#include "platform/ProcessControl.h"
 #include "platform/Tasks.h"
+#include "platform/Workspace.h"
 
 #include <memory>
 
@@ -16,3 +19,14 @@ std::unique_ptr<Tasks> makeTasks();
 
 /// A lock and a socket in "velko" below the runtime folder, open to this user only.
 std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places);
+
+/// What programs print is kept by `velko-session-log`, a program beside ours or in "../lib/velko" of its folder;
+/// without it nothing is kept. It may write a moment longer than the program ran: read the log slightly later, or
+/// again. Programs go on when the workspace is destroyed. Needs a running event loop to notice ends.
+std::unique_ptr<Workspace> makeWorkspace(const Places &places);
+
+/// Never touches process 1 or Velko itself, and stops no sound or display server.
+std::unique_ptr<ProcessControl> makeProcessControl();
+
+/// Asks plocate (its own database, unless another is given), then walks. Without plocate nothing begins with anything.
+std::unique_ptr<FileIndex> makeFileIndex(const Places &places, const QString &database = {});

@@ -1,0 +1,125 @@
+#include "platform/linux/LinuxServices.h"
+#include "platform/linux/ProcessTable.h"
+
+#include <QHash>
+#include <QSet>
+#include <csignal>
+#include <limits>
+#include <mutex>
+#include <sched.h>
+
+namespace {
+
+class LinuxProcessControl final : public ProcessControl {
+public:
+    QList<RunningProcess> running() const override;
+    QList<qint64> tree(qint64 pid) const override { return pid > 0 ? m_table.tree(pid) : QList<qint64>(); }
+    bool isAlive(qint64 pid) const override { return pid > 0 && m_table.isAlive(pid); }
+    bool freeze(qint64 pid) override;
+    bool thaw(qint64 pid) override;
+    bool askToQuit(qint64 pid) override { return send(pid, SIGTERM); }
+    bool kill(qint64 pid) override { return send(pid, SIGKILL); }
+
+private:
+    using Started = QHash<qint64, quint64>; // when each process was started
+
+    bool send(qint64 pid, int signal) const;
+    bool holdsVelko(qint64 pid) const;
+    bool stopMore(qint64 pid, Started &stopped) const;
+
+    ProcessTable m_table;
+    std::mutex m_guard;
+    QHash<qint64, Started> m_frozen; // what was stopped, by the process that was asked for; under the guard
+};
+
+}
+
+/// A stopped sound or display server would take the whole desktop with it; some emulators start one of their own.
+static bool isServer(const QByteArray &name)
+{
+    static const QSet<QByteArray> servers{"pulseaudio", "pipewire", "pipewire-pulse", "wireplumber", "jackd",
+                                          "Xorg",       "Xwayland", "Xephyr",         "Xvfb",        "gamescope"};
+    return servers.contains(name);
+}
+
+QList<RunningProcess> LinuxProcessControl::running() const
+{
+    QList<RunningProcess> all;
+    const uid_t user = getuid();
+    for (const qint64 pid : m_table.all()) {
+        if (m_table.owner(pid) != user) continue;
+        const auto present = m_table.stat(pid);
+        if (!present || !present->isAlive()) continue;
+        const QString program = m_table.program(pid);
+        if (!program.isEmpty()) all += {pid, present->parent, program}; // without a program: a part of the kernel
+    }
+    return all;
+}
+
+// Identifiers up to 1 mean groups of processes, everything of ours, or the first process.
+bool LinuxProcessControl::send(qint64 pid, int signal) const
+{
+    if (pid <= 1 || pid > std::numeric_limits<pid_t>::max() || pid == getpid()) return false;
+    return m_table.isAlive(pid) && ::kill(pid_t(pid), signal) == 0;
+}
+
+bool LinuxProcessControl::holdsVelko(qint64 pid) const
+{
+    qint64 ancestor = getpid();
+    while (ancestor > 1 && ancestor != pid) {
+        const auto present = m_table.stat(ancestor);
+        ancestor = present ? present->parent : 0;
+    }
+    return ancestor == pid;
+}
+
+/// Stops what is not stopped yet in a tree. True when there may be more: something was new, or has not come to its
+/// stop yet and may still be about to start a child.
+bool LinuxProcessControl::stopMore(qint64 pid, Started &stopped) const
+{
+    bool more = false;
+    for (const qint64 each : m_table.tree(pid)) {
+        const auto present = m_table.stat(each);
+        if (!present || isServer(present->name)) continue;
+        if (!stopped.contains(each) && send(each, SIGSTOP)) stopped.insert(each, present->started);
+        more = more || !present->isHalted();
+    }
+    return more;
+}
+
+bool LinuxProcessControl::freeze(qint64 pid)
+{
+    if (holdsVelko(pid) || !send(pid, 0)) return false;
+    Started stopped;
+    for (int look = 0; look < 100 && stopMore(pid, stopped); ++look)
+        sched_yield();
+    const std::scoped_lock lock(m_guard);
+    m_frozen[pid].insert(stopped);
+    return true;
+}
+
+// What was stopped is continued even where it left the tree, because its parent was ended meanwhile.
+bool LinuxProcessControl::thaw(qint64 pid)
+{
+    Started stopped;
+    {
+        const std::scoped_lock lock(m_guard);
+        stopped = m_frozen.take(pid);
+    }
+    QList<qint64> tree = this->tree(pid);
+    for (auto each = stopped.begin(); each != stopped.end(); ++each) {
+        const auto present = m_table.stat(each.key());
+        if (present && present->started == each.value() && !tree.contains(each.key())) tree += each.key();
+    }
+    bool reached = false;
+    for (auto each = tree.rbegin(); each != tree.rend(); ++each) {
+        const bool sent = send(*each, SIGCONT);
+        if (*each == pid) reached = sent;
+    }
+    return reached;
+}
+
+std::unique_ptr<ProcessControl> makeProcessControl()
+{
+    return std::make_unique<LinuxProcessControl>();
+}

@@ -1,0 +1,35 @@
+import QtQuick
+import Velko
+
+/// The catalog, or the page of the console that was chosen in it.
+FocusScope {
+    id: root
+    focus: true
+    required property AppState app
+    required property LibraryStore library
+    required property FocusKeeper keeper
+    required property LibraryLists lists
+    readonly property bool open: app.selectedConsole !== ""
+    signal folderWanted
+
+    ConsoleCatalog {
+        anchors.fill: parent
+        visible: !root.open
+        focus: !root.open
+        app: root.app
+        lists: root.lists
+    }
+    Loader {
+        anchors.fill: parent
+        active: root.open
+        focus: root.open
+        sourceComponent: ConsolePage {
+            app: root.app
+            library: root.library
+            keeper: root.keeper
+            lists: root.lists
+            onFolderWanted: root.folderWanted()
+        }
+        onLoaded: if (root.visible) item.forceActiveFocus()
+    }
+}
