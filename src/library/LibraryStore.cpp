@@ -2,30 +2,31 @@
 
 #include "library/EarlyEnd.h"
 #include "library/MovedFile.h"
-#include "library/RomScanner.h"
 #include "library/ScanReport.h"
-#include "platform/FileIndex.h"
 #include "platform/Preferences.h"
-#include "platform/ProcessControl.h"
 #include "platform/Tasks.h"
 
 #include <QDir>
-#include <QFileInfo>
-#include <QPointer>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-
-static constexpr auto cloudPatience = 30min;
 
 LibraryStore::LibraryStore(const Places &places, Preferences &preferences, Clock &clock, Tasks &tasks, FileIndex &index,
                            Workspace &workspace, ProcessControl &processes, GameLauncher &launcher, QObject *parent)
-    : QObject(parent), m_places(places), m_preferences(preferences), m_clock(clock), m_tasks(tasks), m_index(index),
-      m_processes(processes), m_launcher(launcher), m_disk(places, preferences),
+    : QObject(parent), m_host(places.host), m_preferences(preferences), m_clock(clock), m_tasks(tasks),
+      m_disk(places, preferences), m_scan(tasks, places.host),
+      m_launch(places, clock, tasks, index, processes, launcher),
       m_sessions(clock, [this](const auto &stretches, const auto &moment) { countPlayTime(stretches, moment); }),
       m_games(m_disk.read(clock.now())), m_romFolders(preferences.get(preference::romFolders))
 {
     connect(&workspace, &Workspace::ended, this, &LibraryStore::programEnded);
+    connect(&m_scan, &FolderScan::changed, this, &LibraryStore::scanningChanged);
+    connect(&m_scan, &FolderScan::found, this, &LibraryStore::addFound);
+    connect(&m_launch, &GameLaunch::changed, this, &LibraryStore::launchingChanged);
+    connect(&m_launch, &GameLaunch::missing, this, &LibraryStore::setMissingFile);
+    connect(&m_launch, &GameLaunch::failed, this, &LibraryStore::fail);
+    connect(&m_launch, &GameLaunch::started, this, &LibraryStore::programStarted);
+    connect(&m_launch, &GameLaunch::moved, this,
+            [this](const QString &id, const QString &path) { edit(id, [&](GameEntry &game) { game.path = path; }); });
 }
 
 /// The games run on, but their time can't be counted any longer.
@@ -34,7 +35,6 @@ LibraryStore::~LibraryStore()
     blockSignals(true);
     for (const SessionClock::Ended &session : m_sessions.endAll())
         countSession(session);
-    if (m_scanGoesOn) *m_scanGoesOn = false;
 }
 
 void LibraryStore::fillIndexes() const
@@ -148,6 +148,7 @@ void LibraryStore::remove(const QString &id)
     emit gameRemoved(*index);
     emit gamesChanged();
     if (m_missingFile == id) dismissMissingFile();
+    if (launching() && launching()->gameID == id) cancelLaunch();
 }
 
 QString LibraryStore::newestBackup() const
@@ -220,10 +221,7 @@ void LibraryStore::addFolders(const QStringList &folders)
 
 void LibraryStore::addFiles(const QStringList &paths)
 {
-    if (m_scanning)
-        m_pathsToScan += paths;
-    else
-        startScan(paths);
+    m_scan.start(paths);
 }
 
 void LibraryStore::removeFolder(const QString &folder)
@@ -235,29 +233,15 @@ void LibraryStore::removeFolder(const QString &folder)
 
 void LibraryStore::scan(const QStringList &folders)
 {
-    if (!m_scanning) startScan(folders.isEmpty() ? m_romFolders : folders);
+    if (!scanning()) m_scan.start(folders.isEmpty() ? m_romFolders : folders);
 }
 
-void LibraryStore::startScan(const QStringList &paths)
+void LibraryStore::cancelScan()
 {
-    m_scanning = true;
-    m_scannedFiles = 0;
-    m_scanGoesOn = std::make_shared<std::atomic<bool>>(true);
-    const RomScanner::GoOn goOn = [this, self = QPointer(this), &tasks = m_tasks, goesOn = m_scanGoesOn](int examined) {
-        tasks.post([this, self, goesOn, examined] {
-            if (!self || m_scanGoesOn != goesOn) return;
-            m_scannedFiles = examined;
-            emit scanningChanged();
-        });
-        return goesOn->load();
-    };
-    m_tasks.run(
-        this, [host = m_places.host, paths, goOn] { return RomScanner(host).scan(paths, goOn); },
-        [this](const ScanFindings &findings) { finishScan(findings); });
-    emit scanningChanged();
+    m_scan.cancel();
 }
 
-void LibraryStore::finishScan(const ScanFindings &findings)
+void LibraryStore::addFound(const ScanFindings &findings)
 {
     QList<GameEntry> found;
     found.reserve(findings.hits.size());
@@ -272,19 +256,9 @@ void LibraryStore::finishScan(const ScanFindings &findings)
     }
     const int before = count();
     add(found);
-    m_scanning = false;
-    m_scanGoesOn.reset();
     m_scanReport = ::scanReport(findings, count() - before);
     m_scanTrouble = findings.hasTrouble();
-    emit scanningChanged();
     emit scanReportChanged();
-    if (!m_pathsToScan.isEmpty()) startScan(std::exchange(m_pathsToScan, {}));
-}
-
-void LibraryStore::cancelScan()
-{
-    m_pathsToScan.clear();
-    if (m_scanGoesOn) *m_scanGoesOn = false;
 }
 
 // Launching
@@ -301,136 +275,48 @@ void LibraryStore::resume(const QString &id)
 
 void LibraryStore::begin(const QString &id, bool resume)
 {
-    if (m_launching || !game(id)) return;
-    if (m_places.host == Host::mac) takeRealName(id);
+    if (!game(id) || launching()) return;
+    m_endedEarly.clear();
+    // A game that was added while it lay in iCloud only has the placeholder's path.
+    if (const auto file = iCloudFile(game(id)->path); file && m_host == Host::mac)
+        edit(id, [&](GameEntry &game) { game.path = *file; });
+
     const GameEntry *entry = game(id);
-    ++m_launchToken;
-    m_resuming = resume && entry->statePath;
-    m_launching = Launching{id, m_clock.now(), {}, m_resuming, {}};
-    emit launchingChanged();
-
-    if (QFileInfo::exists(entry->path))
-        handOver();
-    else if (m_places.host == Host::mac && QFileInfo::exists(iCloudPlaceholder(entry->path)))
-        waitForCloud();
-    else
-        searchMovedFile();
-}
-
-/// A game that was added while it lay in iCloud only has the placeholder's path.
-void LibraryStore::takeRealName(const QString &id)
-{
-    if (const auto file = iCloudFile(game(id)->path)) edit(id, [&](GameEntry &game) { game.path = *file; });
-}
-
-void LibraryStore::waitForCloud()
-{
-    m_launching->note = Message{u"Downloading the game from iCloud…"_s, {}};
-    emit launchingChanged();
-    const auto begun = m_clock.awake();
-    m_cloudCheck = m_clock.every(500ms, [this, begun] {
-        const GameEntry *entry = game(m_launching->gameID);
-        if (!entry) {
-            cancelLaunch();
-        } else if (QFileInfo::exists(entry->path)) {
-            handOver();
-        } else if (m_clock.awake() - begun >= cloudPatience) {
-            failLaunch(
-                {u"“%@” is still being downloaded from iCloud. Play again when it has arrived."_s, {entry->title}});
-        }
-    });
-}
-
-void LibraryStore::searchMovedFile()
-{
-    const MovedFile wanted = movedFile(game(m_launching->gameID)->path);
-    const QStringList folders = searchedFolders(m_places, m_romFolders);
-    m_tasks.run(
-        this,
-        [&index = m_index, host = m_places.host, wanted, folders] { return placesOf(wanted, index, folders, host); },
-        [this, token = m_launchToken](const QStringList &places) {
-            if (token == m_launchToken && m_launching) movedFileFound(places);
-        });
-}
-
-/// A place that another game of the library has is that game's file.
-void LibraryStore::movedFileFound(const QStringList &places)
-{
-    const QString id = m_launching->gameID;
-    const auto taken = [this](const QString &place) {
-        return std::any_of(m_games.begin(), m_games.end(), [&](const GameEntry &game) { return game.path == place; });
-    };
-    const auto place = std::find_if_not(places.begin(), places.end(), taken);
-    if (place == places.end()) {
-        endLaunch();
-        if (game(id)) setMissingFile(id);
-        return;
-    }
-    edit(id, [&](GameEntry &game) { game.path = *place; });
-    handOver();
-}
-
-void LibraryStore::handOver()
-{
-    m_cloudCheck.reset();
-    const GameEntry *entry = game(m_launching->gameID);
-    if (!entry) return cancelLaunch();
     GameSettings defaults;
     defaults.fps60 = m_preferences.get(preference::default60FPS);
-    LaunchRequest request{entry->title, entry->path, entry->consoleID, entry->settings.value_or(defaults), {}};
-    if (m_resuming) request.statePath = entry->statePath;
-    m_launcher.launch(request, [self = QPointer(this), token = m_launchToken](const Result<StartedGame> &result) {
-        if (self) self->programStarted(token, result);
-    });
-}
-
-void LibraryStore::endLaunch()
-{
-    ++m_launchToken;
-    m_cloudCheck.reset();
-    m_launching.reset();
-    emit launchingChanged();
-}
-
-void LibraryStore::failLaunch(const Message &why)
-{
-    const QString id = m_launching->gameID;
-    endLaunch();
-    setLastError(why);
-    emit launchFailed(id, why);
+    GameLaunch::Order order{
+        id, {entry->title, entry->path, entry->consoleID, entry->settings.value_or(defaults), {}}, m_romFolders, {}};
+    if (resume) order.request.statePath = entry->statePath;
+    order.isAnotherGames = [this](const QString &path) {
+        return std::any_of(m_games.begin(), m_games.end(), [&](const GameEntry &game) { return game.path == path; });
+    };
+    m_launch.begin(order);
 }
 
 void LibraryStore::cancelLaunch()
 {
-    if (!m_launching) return;
-    const QString id = m_launching->gameID;
-    endLaunch();
+    if (!launching()) return;
+    const QString id = launching()->gameID;
+    m_launch.cancel();
     emit launchCancelled(id);
 }
 
-void LibraryStore::programStarted(int token, const Result<StartedGame> &result)
+void LibraryStore::fail(const QString &id, const Message &why)
 {
-    if (token != m_launchToken) {
-        if (result) m_processes.askToQuit(result.value().pid);
-        return;
-    }
-    if (!result) return failLaunch(result.failure());
+    setLastError(why);
+    emit launchFailed(id, why);
+}
 
-    const StartedGame &started = result.value();
-    const QString id = m_launching->gameID;
-    const GameEntry *entry = game(id);
-    m_programs.insert(started.pid, {id, entry ? entry->title : QString(), started.logFile});
-    m_sessions.start(id, started.pid);
-    m_running.insert(id);
-    const auto endedEarly = m_endedEarly.constFind(started.pid);
-    const std::optional<ProgramEnd> end =
-        endedEarly == m_endedEarly.constEnd() ? std::nullopt : std::optional(*endedEarly);
-    m_endedEarly.clear();
-    edit(id, [this](GameEntry &game) { game.lastPlayed = ReferenceDate::from(m_clock.now()); });
-    endLaunch();
+void LibraryStore::programStarted(const GameLaunch::Order &order, const StartedGame &program)
+{
+    m_programs.insert(program.pid, {order.gameID, order.request.title, program.logFile});
+    m_sessions.start(order.gameID, program.pid);
+    m_running.insert(order.gameID);
+    const auto endedEarly = std::exchange(m_endedEarly, {});
+    edit(order.gameID, [this](GameEntry &game) { game.lastPlayed = ReferenceDate::from(m_clock.now()); });
     emit runningChanged();
-    emit gameStarted(id, started.pid);
-    if (end) programEnded(started.pid, *end);
+    emit gameStarted(order.gameID, program.pid);
+    if (endedEarly.contains(program.pid)) programEnded(program.pid, endedEarly[program.pid]);
 }
 
 // Sessions
@@ -467,7 +353,7 @@ void LibraryStore::countSession(const SessionClock::Ended &session)
 void LibraryStore::programEnded(qint64 pid, ProgramEnd end)
 {
     if (!m_programs.contains(pid)) {
-        if (m_launching) m_endedEarly.insert(pid, end);
+        if (launching()) m_endedEarly.insert(pid, end);
         return;
     }
     const RunningProgram program = m_programs.take(pid);

@@ -1,36 +1,20 @@
 #pragma once
 
 #include "base/Message.h"
+#include "library/FolderScan.h"
 #include "library/GameEntry.h"
-#include "library/GameLauncher.h"
+#include "library/GameLaunch.h"
 #include "library/LibraryDisk.h"
 #include "library/SessionClock.h"
 #include "platform/Clock.h"
 #include "platform/Places.h"
 #include "platform/Workspace.h"
 
-#include <QDateTime>
 #include <QHash>
 #include <QObject>
 #include <QSet>
-#include <atomic>
-#include <memory>
 
-class FileIndex;
 class Preferences;
-class ProcessControl;
-class Tasks;
-struct ScanFindings;
-
-/// The launch in progress, from the user's choice until its program runs or the launch failed.
-struct Launching {
-    QString gameID;
-    QDateTime start;
-    QString engine; ///< identifier of the emulator, once it is known
-    bool loading = false; ///< a save state is being loaded
-    std::optional<Message> note;
-    bool operator==(const Launching &) const = default;
-};
 
 /// An emulator that must be set up before the game can start.
 struct SetupIssue {
@@ -69,8 +53,8 @@ public:
     std::optional<Message> lastError() const { return m_lastError; }
     const QSet<QString> &running() const { return m_running; }
     QStringList romFolders() const { return m_romFolders; }
-    bool scanning() const { return m_scanning; }
-    int scannedFiles() const { return m_scannedFiles; } ///< entries looked at so far by the scan under way
+    bool scanning() const { return m_scan.running(); }
+    int scannedFiles() const { return m_scan.examined(); } ///< entries looked at so far by the scan under way
     std::optional<Message> scanReport() const { return m_scanReport; }
     bool scanTrouble() const { return m_scanTrouble; } ///< the report asks the user to do something
     QString pendingLaunch() const { return m_pendingLaunch; } ///< empty: none; so for the next three
@@ -78,7 +62,7 @@ public:
     QString missingFile() const { return m_missingFile; }
     std::optional<ControllerNotice> controllerNotice() const { return m_controllerNotice; }
     std::optional<SetupIssue> setupIssue() const { return m_setupIssue; }
-    std::optional<Launching> launching() const { return m_launching; }
+    std::optional<Launching> launching() const { return m_launch.state(); }
 
     /// The unreadable library file that was found at start, under the name that it has been, or will be before the
     /// first save, set aside; empty when the library was readable.
@@ -148,39 +132,26 @@ private:
     template <class Edit>
     void edit(const QString &id, Edit edit);
 
-    void startScan(const QStringList &paths);
-    void finishScan(const ScanFindings &findings);
+    void addFound(const ScanFindings &findings);
 
     void begin(const QString &id, bool resume);
-    void takeRealName(const QString &id);
-    void waitForCloud();
-    void searchMovedFile();
-    void movedFileFound(const QStringList &places);
-    void handOver();
-    void endLaunch();
-    void failLaunch(const Message &why);
-    void programStarted(int token, const Result<StartedGame> &result);
+    void fail(const QString &id, const Message &why);
+    void programStarted(const GameLaunch::Order &order, const StartedGame &program);
     void programEnded(qint64 pid, ProgramEnd end);
     void countPlayTime(const QList<PlayedStretch> &stretches, const QDateTime &moment);
     void countSession(const SessionClock::Ended &session);
     void explainEarlyEnd(const RunningProgram &program, ProgramEnd end);
 
-    Places m_places;
+    Host m_host;
     Preferences &m_preferences;
     Clock &m_clock;
     Tasks &m_tasks;
-    FileIndex &m_index;
-    ProcessControl &m_processes;
-    GameLauncher &m_launcher;
     LibraryDisk m_disk;
+    FolderScan m_scan;
+    GameLaunch m_launch;
     SessionClock m_sessions;
     QHash<qint64, RunningProgram> m_programs;
     QHash<qint64, ProgramEnd> m_endedEarly; ///< programs that ended during a launch, before we knew whose they are
-    std::shared_ptr<std::atomic<bool>> m_scanGoesOn;
-    QStringList m_pathsToScan; ///< added during a scan
-    int m_launchToken = 0; ///< what comes back with an older one belongs to a launch that is over
-    bool m_resuming = false;
-    Timer m_cloudCheck;
     bool m_saveFailed = false; ///< and the user was told
     mutable QHash<QString, int> m_indexes; ///< by identifier; made when asked for, emptied when indexes change
 
@@ -188,8 +159,6 @@ private:
     std::optional<Message> m_lastError;
     QSet<QString> m_running;
     QStringList m_romFolders;
-    bool m_scanning = false;
-    int m_scannedFiles = 0;
     std::optional<Message> m_scanReport;
     bool m_scanTrouble = false;
     QString m_pendingLaunch;
@@ -197,5 +166,4 @@ private:
     QString m_missingFile;
     std::optional<ControllerNotice> m_controllerNotice;
     std::optional<SetupIssue> m_setupIssue;
-    std::optional<Launching> m_launching;
 };

@@ -1,6 +1,7 @@
 #include "library/RomScanner.h"
 
 #include "catalog/Console.h"
+#include "library/MovedFile.h"
 #include "library/RomNames.h"
 
 #include <QDir>
@@ -72,6 +73,8 @@ private:
     bool look();
     int levelsForNativeGames(const QByteArray &folder, int ofParent) const;
     bool lookAtFile(const QByteArray &folder, const QByteArray &name);
+    void lookAtGivenFile(const QByteArray &path);
+    void addProgram(const QByteArray &folder, const QByteArray &name);
     void add(const QByteArray &path, const QString &name, const QString &console);
 
     RomScanner &m_scanner;
@@ -122,19 +125,46 @@ bool FolderWalk::list(const QByteArray &folder, Entries &entries) const
     return true;
 }
 
+/// An AppImage, or an executable file that is a program by its first bytes.
+static bool isProgram(const QByteArray &folder, const QByteArray &name)
+{
+    const QByteArray extension = name.contains('.') ? name.mid(name.lastIndexOf('.') + 1).toLower() : QByteArray();
+    if (extension == "appimage") return true;
+    const QByteArray path = joined(folder, name);
+    if (!(extension.isEmpty() || extension == "x86_64" || extension == "aarch64")) return false;
+    if (::access(path.constData(), X_OK) != 0) return false;
+    QFile file(QFile::decodeName(path));
+    return file.open(QFile::ReadOnly)
+        && file.read(4)
+        == QByteArray("\x7F"
+                      "ELF");
+}
+
 int FolderWalk::run()
 {
     const QByteArray root = QFile::encodeName(m_root);
-    if (Folder(::opendir(root.constData()))) {
+    if (Folder(::opendir(root.constData())))
         walk(root, 1, levelsForNativeGames(root, 0));
-    } else if (QFileInfo(m_root).isFile() && look()) {
-        const qsizetype slash = root.lastIndexOf('/');
-        m_root.clear(); // nothing ends the climb through the folders above
-        if (!lookAtFile(root.left(slash), root.mid(slash + 1))) ++m_findings.unsettled;
-    } else {
+    else if (QFileInfo(m_root).isFile() && look())
+        lookAtGivenFile(root);
+    else
         m_findings.unopened += m_root;
-    }
     return m_examined;
+}
+
+/// A file that the user chose is taken for a game more readily than one that lies somewhere.
+void FolderWalk::lookAtGivenFile(const QByteArray &path)
+{
+    m_root.clear(); // nothing ends the climb through the folders above
+    const qsizetype slash = path.lastIndexOf('/');
+    const QByteArray folder = path.left(slash), name = path.mid(slash + 1);
+    const MovedFile parts = movedFile(QString::fromUtf8(path));
+    if (!parts.rest.isEmpty())
+        add(path, parts.name, u"ps3"_s);
+    else if (m_scanner.m_host == Host::linux && isProgram(folder, name))
+        addProgram(folder, name);
+    else if (!lookAtFile(folder, name))
+        ++m_findings.unsettled;
 }
 
 /// Counts one entry; answers whether the walk goes on.
@@ -169,21 +199,6 @@ int FolderWalk::levelsForNativeGames(const QByteArray &folder, int ofParent) con
     return meant ? 2 : std::max(0, ofParent - 1);
 }
 
-/// An AppImage, or an executable file that is a program by its first bytes.
-static bool isProgram(const QByteArray &folder, const QByteArray &name)
-{
-    const QByteArray extension = name.contains('.') ? name.mid(name.lastIndexOf('.') + 1).toLower() : QByteArray();
-    if (extension == "appimage") return true;
-    const QByteArray path = joined(folder, name);
-    if (!(extension.isEmpty() || extension == "x86_64" || extension == "aarch64")) return false;
-    if (::access(path.constData(), X_OK) != 0) return false;
-    QFile file(QFile::decodeName(path));
-    return file.open(QFile::ReadOnly)
-        && file.read(4)
-        == QByteArray("\x7F"
-                      "ELF");
-}
-
 void FolderWalk::walk(const QByteArray &folder, int level, int nativeLevels)
 {
     Entries entries;
@@ -191,7 +206,7 @@ void FolderWalk::walk(const QByteArray &folder, int level, int nativeLevels)
     for (const Entry &entry : entries) {
         if (!look()) return;
         if (entry.file && nativeLevels > 0 && isProgram(folder, entry.name))
-            add(joined(folder, entry.name), QFileInfo(QString::fromUtf8(entry.name)).completeBaseName(), u"native"_s);
+            addProgram(folder, entry.name);
         else if (entry.file)
             lookAtFile(folder, entry.name);
         else if (entry.folder && level < RomScanner::levels && !isClosed(entry.name))
@@ -263,6 +278,11 @@ bool FolderWalk::lookAtFile(const QByteArray &folder, const QByteArray &name)
     else
         ++m_findings.unsettled;
     return true;
+}
+
+void FolderWalk::addProgram(const QByteArray &folder, const QByteArray &name)
+{
+    add(joined(folder, name), QFileInfo(QString::fromUtf8(name)).completeBaseName(), u"native"_s);
 }
 
 void FolderWalk::add(const QByteArray &path, const QString &name, const QString &console)

@@ -161,21 +161,46 @@ TEST(RomScanner, stopsAtItsLimitInEachFolder)
 TEST(RomScanner, keepsWhatItFoundWhenCancelled)
 {
     const TemporaryHome home;
-    for (int i = 0; i < 600; ++i)
+    for (int i = 0; i < 300; ++i)
         home.write(u"Roms/%1.sfc"_s.arg(i));
     const ScanFindings findings =
         RomScanner(Host::linux).scan({home.path() + u"/Roms"_s, home.path()}, [](int examined) {
-            return examined < 500;
+            return examined < 250;
         });
     EXPECT_TRUE(findings.cancelled);
-    EXPECT_EQ(findings.hits.size(), 511);
+    EXPECT_EQ(findings.hits.size(), 255);
 }
+
+struct GivenRow {
+    const char *name;
+    QString file;
+    QString expected;
+};
+class RomScannerTakes : public testing::TestWithParam<GivenRow> { };
+
+TEST_P(RomScannerTakes, aFileThatIsGiven)
+{
+    const TemporaryHome home;
+    home.write(GetParam().file);
+    EXPECT_EQ(scanned(home, {}, GetParam().file), QStringList{GetParam().expected});
+}
+
+INSTANTIATE_TEST_SUITE_P(Edges, RomScannerTakes,
+                         testing::Values(GivenRow{"byItsExtension", u"Downloads/G (USA).n64"_s, u"n64 G"_s},
+                                         GivenRow{"byTheFoldersAbove", u"Roms/PS2/Action/G.iso"_s, u"ps2 G"_s},
+                                         GivenRow{"unclear", u"Downloads/G.iso"_s, u"unsettled 1"_s},
+                                         GivenRow{"noGame", u"Downloads/G.txt"_s, u"unsettled 1"_s},
+                                         GivenRow{"readme", u"Downloads/README.md"_s, u"unsettled 1"_s},
+                                         GivenRow{"appImage", u"Downloads/Ship.AppImage"_s, u"native Ship"_s},
+                                         GivenRow{"ps3Program", u"Blue (EU)/PS3_GAME/USRDIR/EBOOT.BIN"_s,
+                                                  u"ps3 Blue"_s}),
+                         [](const auto &row) { return row.param.name; });
 
 TEST(RomScanner, namesFoldersThatCannotBeOpened)
 {
     const TemporaryHome home;
-    home.write(u"File.sfc"_s);
-    const QStringList roots{home.path() + u"/Gone"_s, home.path() + u"/File.sfc"_s};
+    const QStringList roots{home.path() + u"/Gone"_s, home.path() + u"/pipe.sfc"_s};
+    ASSERT_EQ(::mkfifo(roots[1].toUtf8().constData(), 0644), 0);
     EXPECT_EQ(RomScanner(Host::linux).scan(roots, always), (ScanFindings{.unopened = roots}));
 }
 
