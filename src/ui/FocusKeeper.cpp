@@ -36,6 +36,14 @@ static QList<QRectF> whole(const QList<QQuickItem *> &controls)
     return places;
 }
 
+/// Views hand their focus on to the item that is current in them; what is left and entered is the view.
+static QQuickItem *controlAround(QQuickItem *item)
+{
+    while (item && !item->activeFocusOnTab())
+        item = item->parentItem();
+    return item;
+}
+
 FocusKeeper::FocusKeeper(QQuickWindow *window) : QObject(window), m_window(window)
 {
     connect(window, &QQuickWindow::activeFocusItemChanged, this, [this] {
@@ -51,8 +59,8 @@ void FocusKeeper::check()
     m_checking = false;
     if (!m_window) return;
     QQuickItem *item = m_window->activeFocusItem();
-    if (item && item->activeFocusOnTab()) {
-        m_last = placeInWindow(item);
+    if (QQuickItem *control = controlAround(item)) {
+        m_last = placeInWindow(control);
         return;
     }
     auto controls = item ? controlsOf(item) : QList<QQuickItem *>();
@@ -63,6 +71,7 @@ void FocusKeeper::check()
 bool FocusKeeper::move(int key)
 {
     QQuickItem *item = m_window ? m_window->activeFocusItem() : nullptr;
+    if (QQuickItem *control = controlAround(item)) item = control;
     if (!item) return false;
     auto controls = controlsOf(m_window->contentItem());
     controls.removeOne(item);
