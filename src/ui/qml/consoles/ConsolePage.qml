@@ -39,7 +39,7 @@ FocusScope {
             id: head
             x: Theme.contentX
             y: grid.originY - grid.contentY
-            width: grid.room
+            width: grid.linesWidth
             focus: grid.count === 0
             lists: root.lists
             onBackWanted: root.app.selectedConsole = ""

@@ -54,7 +54,7 @@ FocusScope {
             }
             Row {
                 id: buttons
-                anchors.right: parent.right
+                x: grid.linesWidth - width
                 y: 8
                 spacing: 12
                 TextButton {
