@@ -30,6 +30,7 @@ FocusScope {
         id: missing
         QuestionDialog {
             title: Tr.translate("The game's file is gone")
+            panelWidth: 720
             text: root.alerts.missingText
             actions: [
                 { name: "cancel", text: Tr.translate("Cancel"), kind: "primary" },
