@@ -124,6 +124,6 @@ FocusScope {
             corner: head.orderButton.mapToItem(root, head.orderButton.width, head.orderButton.height + 8)
             onClosed: root.sorting = false
         }
-        onLoaded: item.forceActiveFocus()
+        onLoaded: (item as Item).forceActiveFocus()
     }
 }

@@ -121,6 +121,6 @@ FocusScope {
             corner: order.mapToItem(root, order.width, order.height + 8)
             onClosed: root.sorting = false
         }
-        onLoaded: item.forceActiveFocus()
+        onLoaded: (item as Item).forceActiveFocus()
     }
 }

@@ -24,7 +24,7 @@ FocusScope {
         sourceComponent: root.shown === "missing" ? missing : root.shown === "setup" ? setup : root.shown === "error" ? error
             : root.shown === "report" ? report : root.shown === "menu" ? menu : root.shown === "about" ? about
             : root.shown === "folder" ? folder : root.shown === "remove" ? remove : root.shown === "rename" ? rename : null
-        onLoaded: item.forceActiveFocus()
+        onLoaded: (item as Item).forceActiveFocus()
     }
     Component {
         id: missing
