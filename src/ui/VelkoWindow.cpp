@@ -21,6 +21,7 @@
 #include "ui/ShadowImageProvider.h"
 #include "ui/models/LibraryLists.h"
 
+#include <QFont>
 #include <QQmlEngine>
 #include <QQuickView>
 
@@ -55,10 +56,18 @@ struct VelkoWindow::Content {
     InputMode input{&view};
 };
 
+/// What stands in for a family that is not installed, so that nobody has to ask for all families at start.
+static void nameStandIns()
+{
+    QFont::insertSubstitutions(u"Inter"_s, {u"Noto Sans"_s, u"DejaVu Sans"_s});
+    QFont::insertSubstitutions(u"Inter Display"_s, {u"Inter"_s, u"Noto Sans"_s, u"DejaVu Sans"_s});
+}
+
 /// The renderer is chosen before the first window is made.
 static WindowParts withRenderer(const WindowParts &parts)
 {
     chooseRenderer();
+    nameStandIns();
     qml_register_types_Velko();
     return parts;
 }
