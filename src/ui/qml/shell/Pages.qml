@@ -47,7 +47,7 @@ FocusScope {
         active: root.gameShown
         focus: root.gameShown
         Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, game: root.openGame })
-        onLoaded: item.forceActiveFocus()
+        onLoaded: (item as Item).forceActiveFocus()
     }
     Connections {
         target: gamePage.item

@@ -23,7 +23,7 @@ FocusScope {
         id: loader
         anchors.fill: parent
         focus: true
-        onLoaded: item.focus = true
+        onLoaded: (item as Item).focus = true
     }
     Connections {
         target: loader.item
