@@ -64,7 +64,7 @@ FocusScope {
         }
         ScrollPage {
             x: Theme.contentX + Theme.contentWidth - root.sideWidth - 10
-            width: root.sideWidth + 20
+            width: root.sideWidth + 26
             height: parent.height
             clip: true
             keeper: root.keeper
