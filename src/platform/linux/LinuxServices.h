@@ -4,6 +4,7 @@
 #include "platform/FileIndex.h"
 #include "platform/Places.h"
 #include "platform/ProcessControl.h"
+#include "platform/RequestChannel.h"
 #include "platform/Tasks.h"
 #include "platform/Workspace.h"
 
@@ -26,3 +27,7 @@ std::unique_ptr<ProcessControl> makeProcessControl();
 
 /// Asks plocate (its own database, unless another is given), then walks. Without plocate nothing begins with anything.
 std::unique_ptr<FileIndex> makeFileIndex(const Places &places, const QString &database = {});
+
+/// Over a socket in the runtime folder. An owner that gives no sign of life for `patience` counts as unreachable.
+std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places,
+                                                   std::chrono::milliseconds patience = std::chrono::seconds(10));
