@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034
 # The Debian packages that Velko needs, and a function that installs the missing ones. Sourced by ./run and ./test.
 
 build_packages=(
@@ -11,8 +12,10 @@ run_packages=(
 )
 test_packages=(
     libgtest-dev libbenchmark-dev qml6-module-qttest
-    xvfb xauth openbox x11-utils dbus at-spi2-core mgba-qt
+    libxcb1-dev xvfb openbox dbus at-spi2-core mgba-qt
 )
+# What ./run needs when it has to bring its own display.
+headless_packages=(xvfb openbox dbus at-spi2-core mgba-qt xdotool scrot)
 
 # install_missing PACKAGE...: with root or sudo installs them, else prints the one line that does and stops.
 install_missing() {
@@ -24,7 +27,7 @@ install_missing() {
     local as_root=()
     if [ "$(id -u)" -ne 0 ]; then
         if ! command -v sudo >/dev/null || ! { sudo -n true 2>/dev/null || [ -t 0 ]; }; then
-            echo "Velko needs some packages first. Please run as root: apt-get install --no-install-recommends ${missing[*]}" >&2
+            echo "Velko needs some packages first. Please run as root: apt-get update && apt-get install --no-install-recommends ${missing[*]}" >&2
             exit 1
         fi
         as_root=(sudo)

@@ -1,4 +1,238 @@
-int main()
+// Builds the services, the stores and the window, and connects them.
+#include "app/AppLanguage.h"
+#include "app/AppState.h"
+#include "app/CommandLine.h"
+#include "app/CommandRunner.h"
+#include "app/Log.h"
+#include "app/PreferenceMigration.h"
+#include "app/Translator.h"
+#include "emulators/EmulatorFinder.h"
+#include "emulators/EmulatorLauncher.h"
+#include "emulators/InstalledEmulators.h"
+#include "library/LibraryStore.h"
+#include "platform/Preferences.h"
+#include "platform/RequestChannel.h"
+#include "platform/linux/LinuxServices.h"
+#include "platform/linux/QuitSignals.h"
+#include "ui/VelkoWindow.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QQuickWindow>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+constexpr int wrongUsage = 2;
+constexpr int askLater = 75; ///< the owner can't open a window now and will end soon; between two calls only
+
+void write(FILE *stream, const QString &text)
 {
-    return 0;
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stream);
+    std::fflush(stream);
+}
+
+/// The terminal that this process was started from.
+struct TerminalReply final : Reply {
+    std::function<void(int)> finished;
+
+    explicit TerminalReply(std::function<void(int)> whenFinished) : finished(std::move(whenFinished)) { }
+    void print(const QString &text) override { write(stdout, text); }
+    void printError(const QString &text) override { write(stderr, text); }
+    void finish(int exitStatus) override { finished(exitStatus); }
+};
+
+bool isForWindow(const Command &command)
+{
+    return command.kind == Command::Kind::openWindow || command.kind == Command::Kind::openBigPicture;
+}
+
+/// Hands the request to the owner of the library and passes its answers on.
+int askOwner(RequestChannel &channel, const QStringList &arguments)
+{
+    ReplyHandler handler;
+    handler.print = [](const QString &text) { write(stdout, text); };
+    handler.printError = [](const QString &text) { write(stderr, text); };
+    // exit() works only once the event loop runs, and answers come from it.
+    handler.finished = [](int exitStatus) { QCoreApplication::exit(exitStatus); };
+    handler.lost = [] {
+        write(stderr, u"The running Velko doesn't answer. End it, then try again.\n"_s);
+        QCoreApplication::exit(1);
+    };
+    channel.ask({arguments, QDir::currentPath()}, std::move(handler));
+    return QCoreApplication::exec();
+}
+
+/// Everything there is while Velko runs: services, then stores, then the window, which is built when it is first
+/// wanted.
+class Program {
+public:
+    Program(const Places &places, Preferences &preferences, RequestChannel &channel)
+        : m_places(places), m_preferences(preferences),
+          m_translator(chooseLanguage(preferences.get(preference::appLanguage), QLocale::system().uiLanguages()),
+                       places.host),
+          m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
+          m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators,
+                     [this] { return session(); }),
+          m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
+          m_commands(places, m_library, m_emulators.finder(), preferences, *m_tasks, m_translator)
+    {
+        m_state.setProperty("language", code(m_translator.language()));
+        QObject::connect(
+            &channel, &RequestChannel::requested, &m_commands,
+            [this](const Request &request, const std::shared_ptr<Reply> &reply) { serve(request, reply); });
+        QObject::connect(
+            &m_library, &LibraryStore::gameEnded, &m_commands, [this] { endWhenIdle(); }, Qt::QueuedConnection);
+    }
+
+    /// What this process was started for. It ends when that is done and nothing else is going on.
+    void serveTerminal(const QStringList &arguments)
+    {
+        serve({arguments, QDir::currentPath()}, std::make_shared<TerminalReply>([this](int exitStatus) {
+                  m_exitStatus = exitStatus;
+                  endWhenIdle();
+              }));
+    }
+
+private:
+    void serve(const Request &request, const std::shared_ptr<Reply> &reply)
+    {
+        const auto command = parseCommandLine(request.arguments);
+        if (!command) {
+            reply->printError(m_translator.message(command.failure()) + u'\n');
+            reply->finish(wrongUsage);
+        } else if (isForWindow(command.value())) {
+            showWindow(command.value(), *reply);
+        } else {
+            m_commands.run(command.value(), request.workingFolder, reply);
+        }
+    }
+
+    void showWindow(const Command &command, Reply &reply)
+    {
+        if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance())) return reply.finish(askLater);
+        if (!m_window && !buildWindow()) {
+            reply.printError(m_translator.translate(
+                u"The window can't be built: modules of Qt Quick are missing. ./run installs them.\n"_s));
+            return reply.finish(1);
+        }
+        if (command.kind == Command::Kind::openBigPicture)
+            reply.printError(
+                m_translator.translate(u"Big Picture isn't part of this version yet: the window opens instead.\n"_s));
+        m_window->raise();
+        reply.finish(0);
+    }
+
+    bool buildWindow()
+    {
+        m_window = std::make_unique<VelkoWindow>(
+            WindowParts{m_state, m_library, m_emulators, m_preferences, m_translator, *m_clock, *m_tasks, m_places});
+        if (!m_window->load()) return false;
+        QQuickWindow *window = m_window->window();
+        QObject::connect(
+            window, &QWindow::visibleChanged, &m_commands, [this] { endWhenIdle(); }, Qt::QueuedConnection);
+        // What is installed is looked up after the first frame, which does not wait for it.
+        QObject::connect(
+            window, &QQuickWindow::frameSwapped, &m_emulators,
+            [this] {
+                m_emulators.refresh();
+                if (qEnvironmentVariableIsSet("VELKO_FIRST_FRAME")) write(stdout, u"first frame\n"_s);
+            },
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+        return true;
+    }
+
+    /// A closed window does not end the time of a game that runs.
+    void endWhenIdle()
+    {
+        QMetaObject::invokeMethod(
+            &m_commands,
+            [this] {
+                const bool windowShown = m_window && m_window->window() && m_window->window()->isVisible();
+                if (windowShown || m_commands.isBusy() || m_library.launching() || !m_library.running().isEmpty())
+                    return;
+                QCoreApplication::exit(m_exitStatus);
+            },
+            Qt::QueuedConnection);
+    }
+
+    Session session() const
+    {
+        Session session;
+        session.displays =
+            qobject_cast<QGuiApplication *>(QCoreApplication::instance()) ? int(QGuiApplication::screens().size()) : 1;
+        session.wayland = m_places.waylandSession && qEnvironmentVariableIsSet("DISPLAY");
+        return session;
+    }
+
+    const Places m_places;
+    const std::unique_ptr<Clock> m_clock = makeClock();
+    const std::unique_ptr<Tasks> m_tasks = makeTasks();
+    const std::unique_ptr<Workspace> m_workspace = makeWorkspace(m_places);
+    const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
+    const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
+    Preferences &m_preferences;
+    Translator m_translator;
+    AppState m_state;
+    InstalledEmulators m_emulators;
+    EmulatorLauncher m_launcher;
+    LibraryStore m_library;
+    CommandRunner m_commands;
+    std::unique_ptr<VelkoWindow> m_window;
+    int m_exitStatus = 0;
+};
+
+/// A window needs a display, and so does a game. Other commands are quicker without.
+std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv, const Command &command, const Places &places)
+{
+    const bool wantsDisplay = isForWindow(command) || command.kind == Command::Kind::play;
+    if (!wantsDisplay || !places.displayPresent) return std::make_unique<QCoreApplication>(argc, argv);
+    auto application = std::make_unique<QGuiApplication>(argc, argv);
+    QGuiApplication::setDesktopFileName(u"velko"_s);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    return application;
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication::setApplicationName(u"Velko"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(VELKO_VERSION));
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments += QFile::decodeName(argv[i]);
+    const auto command = parseCommandLine(arguments);
+    if (!command) {
+        write(stderr, english(command.failure()) + u'\n');
+        return wrongUsage;
+    }
+    if (command.value().kind == Command::Kind::help) return write(stdout, usage()), 0;
+    if (command.value().kind == Command::Kind::version) return write(stdout, u"Velko " VELKO_VERSION "\n"_s), 0;
+
+    const Places places = linuxPlaces(QDir::homePath(), QProcessEnvironment::systemEnvironment());
+    if (isForWindow(command.value()) && !places.displayPresent) {
+        write(stderr, u"There is no display here. Start Velko from a desktop session, or see “velko --help”.\n"_s);
+        return 1;
+    }
+    const auto application = makeApplication(argc, argv, command.value(), places);
+    const auto signals_ = quitOnSignals();
+    const auto clock = makeClock();
+    const auto channel = makeRequestChannel(places);
+    while (!channel->claim()) {
+        const int exitStatus = askOwner(*channel, arguments);
+        if (exitStatus != askLater) return exitStatus;
+        const Timer again = clock->after(200ms, [] { QCoreApplication::quit(); });
+        QCoreApplication::exec();
+    }
+
+    logTo(places.logFile());
+    Preferences preferences(places.preferencesFile());
+    migrateLegacyPreferences(places, preferences);
+    Program program(places, preferences, *channel);
+    program.serveTerminal(arguments);
+    return QCoreApplication::exec();
 }

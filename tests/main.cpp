@@ -1,4 +1,10 @@
+#ifdef QT_GUI_LIB
+#include <QGuiApplication>
+using Application = QGuiApplication; // pictures need fonts, windows need a platform
+#else
 #include <QCoreApplication>
+using Application = QCoreApplication;
+#endif
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -13,7 +19,8 @@ int main(int argc, char **argv)
     for (const char *variable :
          {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "XDG_DATA_DIRS"})
         qunsetenv(variable);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
-    const QCoreApplication application(argc, argv);
+    const Application application(argc, argv);
     return RUN_ALL_TESTS();
 }

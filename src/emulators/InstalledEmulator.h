@@ -14,3 +14,10 @@ struct InstalledEmulator {
     QStringList command; ///< argument vector to which the game's arguments are added
     bool operator==(const InstalledEmulator &) const = default;
 };
+
+/// A copy with all that it takes to play one console.
+struct ReadyEmulator {
+    InstalledEmulator emulator;
+    QString core; ///< RetroArch: the core's file; else empty
+    bool operator==(const ReadyEmulator &) const = default;
+};

@@ -4,10 +4,9 @@
 #include "library/GameSettings.h"
 #include "library/GameStatus.h"
 
-#include <QByteArray>
+#include <QDateTime>
 #include <QList>
 #include <QMap>
-#include <QPair>
 #include <QString>
 #include <optional>
 
@@ -29,9 +28,15 @@ struct GameEntry {
     std::optional<GameStatus> status;
     std::optional<ReferenceDate> stateSavedAt;
     std::optional<QString> statePath;
-    QList<QPair<QString, QByteArray>>
-        unknown; ///< keys of other versions with their JSON text, written back as they were
+    UnknownKeys unknown;
     bool operator==(const GameEntry &) const = default;
 };
 
 QString newGameID();
+
+/// The upper-case form of a UUID written 8-4-4-4-12; nothing for any other text.
+std::optional<QString> gameID(QLatin1String text);
+std::optional<QString> gameID(const QString &text);
+
+/// Counts play time for the total and for the day of the moment at which it is counted. Nothing for 0 or less.
+void addPlayTime(GameEntry &game, double seconds, const QDateTime &moment);

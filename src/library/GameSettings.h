@@ -2,7 +2,13 @@
 
 #include "library/QualityPreset.h"
 
+#include <QByteArray>
+#include <QList>
+#include <QPair>
 #include <optional>
+
+/// Keys of other versions with their JSON text, written back as they were.
+using UnknownKeys = QList<QPair<QString, QByteArray>>;
 
 /// What one game asks of its emulator; stored inside the game's entry.
 struct GameSettings {
@@ -12,5 +18,6 @@ struct GameSettings {
     bool showFPS = false;
     std::optional<bool> fullScreen; ///< absent: start full screen
     std::optional<QualityPreset> quality; ///< absent: the user's default preset
+    UnknownKeys unknown;
     bool operator==(const GameSettings &) const = default;
 };

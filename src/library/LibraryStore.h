@@ -3,6 +3,8 @@
 #include "base/Message.h"
 #include "library/GameEntry.h"
 #include "library/GameLauncher.h"
+#include "library/LibraryDisk.h"
+#include "library/SessionClock.h"
 #include "platform/Clock.h"
 #include "platform/Places.h"
 #include "platform/Workspace.h"
@@ -11,11 +13,14 @@
 #include <QHash>
 #include <QObject>
 #include <QSet>
+#include <atomic>
 #include <memory>
 
 class FileIndex;
 class Preferences;
+class ProcessControl;
 class Tasks;
+struct ScanFindings;
 
 /// The launch in progress, from the user's choice until its program runs or the launch failed.
 struct Launching {
@@ -53,7 +58,7 @@ class LibraryStore : public QObject {
     Q_PROPERTY(QString missingFile READ missingFile NOTIFY missingFileChanged)
 public:
     LibraryStore(const Places &places, Preferences &preferences, Clock &clock, Tasks &tasks, FileIndex &index,
-                 Workspace &workspace, GameLauncher &launcher, QObject *parent = nullptr);
+                 Workspace &workspace, ProcessControl &processes, GameLauncher &launcher, QObject *parent = nullptr);
     ~LibraryStore() override;
 
     const QList<GameEntry> &games() const { return m_games; } ///< in file order
@@ -67,6 +72,7 @@ public:
     bool scanning() const { return m_scanning; }
     int scannedFiles() const { return m_scannedFiles; } ///< entries looked at so far by the scan under way
     std::optional<Message> scanReport() const { return m_scanReport; }
+    bool scanTrouble() const { return m_scanTrouble; } ///< the report asks the user to do something
     QString pendingLaunch() const { return m_pendingLaunch; } ///< empty: none; so for the next three
     QString justAdded() const { return m_justAdded; }
     QString missingFile() const { return m_missingFile; }
@@ -76,25 +82,31 @@ public:
 
     /// The unreadable library file that was found at start, under the name that it has been, or will be before the
     /// first save, set aside; empty when the library was readable.
-    QString setAsideFile() const;
+    QString setAsideFile() const { return m_disk.setAsideFile(); }
     QString newestBackup() const; ///< the newest good copy that can be restored; empty when there is none
-    Q_INVOKABLE void restoreBackup();
+    Q_INVOKABLE void restoreBackup(); ///< games that were added since stay, after those of the copy
 
-    void add(const QList<GameEntry> &games); ///< one save for all; a path that is there already is left out
+    /// One save for all; a path that is there already is left out. An `id` that is no UUID or is taken is replaced.
+    void add(const QList<GameEntry> &games);
     Q_INVOKABLE void remove(const QString &id); ///< the game's file is not touched, and a running game runs on
-    Q_INVOKABLE void setTitle(const QString &id, const QString &title);
+    Q_INVOKABLE void setTitle(const QString &id, const QString &title); ///< a blank one is ignored
     Q_INVOKABLE void setFavorite(const QString &id, bool favorite);
     void setStatus(const QString &id, std::optional<GameStatus> status);
     void setSettings(const QString &id, const GameSettings &settings);
 
     Q_INVOKABLE void addFolder(const QString &folder); ///< remembered in `romFolders` and scanned
+    void addFolders(const QStringList &folders);
+    /// Game files, and folders that are looked through this once; what is recognised is added, and reported like a
+    /// scan.
+    Q_INVOKABLE void addFiles(const QStringList &paths);
     Q_INVOKABLE void removeFolder(const QString &folder); ///< forgotten; its games stay
     Q_INVOKABLE void scan(const QStringList &folders); ///< empty: all `romFolders`; ignored while one is under way
     Q_INVOKABLE void cancelScan(); ///< what was found so far is added
 
     Q_INVOKABLE void launch(const QString &id); ///< ignored while another launch is under way
     Q_INVOKABLE void resume(const QString &id); ///< the same, from the game's last save state
-    Q_INVOKABLE void cancelLaunch();
+    Q_INVOKABLE void cancelLaunch(); ///< a program that starts all the same is asked to quit
+    void setPaused(const QString &id, bool paused); ///< the play time of a paused game stands still
     Q_INVOKABLE void dismissError();
     Q_INVOKABLE void dismissMissingFile();
 
@@ -116,9 +128,62 @@ signals:
     void setAsideChanged();
     void gameStarted(const QString &id, qint64 pid);
     void launchFailed(const QString &id, const Message &why);
+    void launchCancelled(const QString &id);
     void gameEnded(const QString &id, double sessionSeconds); ///< after the session is counted and saved
+    void closedAtOnce(const QString &id, const Message &why); ///< after `gameEnded` of a session that was too short
 
 private:
+    /// A program that runs for a game.
+    struct RunningProgram {
+        QString gameID;
+        QString title;
+        QString logFile;
+    };
+
+    void fillIndexes() const;
+    void save();
+    int append(const QList<GameEntry> &games);
+    void setLastError(std::optional<Message> error);
+    void setMissingFile(const QString &id);
+    template <class Edit>
+    void edit(const QString &id, Edit edit);
+
+    void startScan(const QStringList &paths);
+    void finishScan(const ScanFindings &findings);
+
+    void begin(const QString &id, bool resume);
+    void takeRealName(const QString &id);
+    void waitForCloud();
+    void searchMovedFile();
+    void movedFileFound(const QStringList &places);
+    void handOver();
+    void endLaunch();
+    void failLaunch(const Message &why);
+    void programStarted(int token, const Result<StartedGame> &result);
+    void programEnded(qint64 pid, ProgramEnd end);
+    void countPlayTime(const QList<PlayedStretch> &stretches, const QDateTime &moment);
+    void countSession(const SessionClock::Ended &session);
+    void explainEarlyEnd(const RunningProgram &program, ProgramEnd end);
+
+    Places m_places;
+    Preferences &m_preferences;
+    Clock &m_clock;
+    Tasks &m_tasks;
+    FileIndex &m_index;
+    ProcessControl &m_processes;
+    GameLauncher &m_launcher;
+    LibraryDisk m_disk;
+    SessionClock m_sessions;
+    QHash<qint64, RunningProgram> m_programs;
+    QHash<qint64, ProgramEnd> m_endedEarly; ///< programs that ended during a launch, before we knew whose they are
+    std::shared_ptr<std::atomic<bool>> m_scanGoesOn;
+    QStringList m_pathsToScan; ///< added during a scan
+    int m_launchToken = 0; ///< what comes back with an older one belongs to a launch that is over
+    bool m_resuming = false;
+    Timer m_cloudCheck;
+    bool m_saveFailed = false; ///< and the user was told
+    mutable QHash<QString, int> m_indexes; ///< by identifier; made when asked for, emptied when indexes change
+
     QList<GameEntry> m_games;
     std::optional<Message> m_lastError;
     QSet<QString> m_running;
@@ -126,6 +191,7 @@ private:
     bool m_scanning = false;
     int m_scannedFiles = 0;
     std::optional<Message> m_scanReport;
+    bool m_scanTrouble = false;
     QString m_pendingLaunch;
     QString m_justAdded;
     QString m_missingFile;

@@ -92,6 +92,13 @@ Places linuxPlaces(const QString &home, const QProcessEnvironment &environment)
     places.programDirs = absoluteParts(environment.value(u"PATH"_s));
     places.programDirs += {u"/usr/games"_s, u"/usr/local/games"_s};
     places.programDirs.removeDuplicates();
+
+    places.waylandSession = !environment.value(u"WAYLAND_DISPLAY"_s).isEmpty();
+    places.displayPresent = places.waylandSession || !environment.value(u"DISPLAY"_s).isEmpty();
+
+    places.applicationDirs = {u"/opt"_s};
+    places.libraryDirs = {u"/usr/lib/x86_64-linux-gnu"_s, u"/usr/lib/aarch64-linux-gnu"_s, u"/usr/lib64"_s,
+                          u"/usr/lib"_s, u"/usr/local/lib"_s};
     return places;
 }
 
@@ -107,5 +114,6 @@ Places macPlaces(const QString &home)
     places.runtime = places.cache + u"/VelkoEmu"_s;
     places.pictures = home + u"/Pictures"_s;
     places.dataDirs = {places.data};
+    places.applicationDirs = {u"/Applications"_s};
     return places;
 }

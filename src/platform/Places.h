@@ -19,6 +19,12 @@ struct Places {
     QStringList dataDirs; ///< `data`, then $XDG_DATA_DIRS, then the Flatpak exports: where desktop entries lie
     QStringList programDirs; ///< $PATH, then /usr/games and /usr/local/games, without repeats
 
+    bool displayPresent = true; ///< whether there is a desktop to open windows on
+    bool waylandSession = false;
+
+    QStringList applicationDirs; ///< of all users, for programs that come in one piece: /opt; /Applications
+    QStringList libraryDirs; ///< where the system's packages put shared libraries, without repeats
+
     QString dataFolder() const; ///< "VelkoEmu" in `data`: ours alone
     QString libraryFile() const; ///< "library.json" in the data folder
     QString preferencesFile() const;

@@ -6,7 +6,11 @@ using namespace Qt::StringLiterals;
 
 QString velkoFolder(const Places &places, const Preferences &preferences)
 {
-    const QString chosen = preferences.get(preference::velkoFolder);
+    return velkoFolder(places, preferences.get(preference::velkoFolder));
+}
+
+QString velkoFolder(const Places &places, const QString &chosen)
+{
     if (!chosen.isEmpty()) return chosen;
     const QString earlier = places.home + u"/VelkoEmu"_s;
     return QFileInfo(earlier).isDir() ? earlier : places.home + u"/Velko"_s;

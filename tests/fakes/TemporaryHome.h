@@ -19,9 +19,16 @@ public:
         Places places = linuxPlaces(path(), environment);
         places.dataDirs.removeIf([this](const QString &folder) { return !folder.startsWith(path()); });
         places.programDirs.removeIf([this](const QString &folder) { return !folder.startsWith(path()); });
+        places.applicationDirs = {path() + QStringLiteral("/opt")};
+        places.libraryDirs = {path() + QStringLiteral("/usr/lib")};
         return places;
     }
-    Places macPlaces() const { return ::macPlaces(path()); }
+    Places macPlaces() const
+    {
+        Places places = ::macPlaces(path());
+        places.applicationDirs = {path() + QStringLiteral("/system/Applications")};
+        return places;
+    }
 
     /// Writes a file below the home, with its folders; answers its absolute path.
     QString write(const QString &name, const QByteArray &content = "x") const

@@ -17,14 +17,14 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-// A message is one line of JSON. The client sends {"arguments": [...], "folder": ...}; the owner answers {"accepted":
-// true} at once, then {"out": ...} and {"error": ...} as they come, then {"status": ...}.
+// A message is one line of JSON. The asker sends {"arguments": [...], "folder": ...}; the owner answers {} at once,
+// then
+// {"out": ...} and {"error": ...} as they come, then {"exit": ...}.
 static constexpr qint64 longestMessage = 1024 * 1024;
 // In its longest form a character takes six bytes, "\u0000".
 static constexpr qsizetype longestText = 100'000;
-// A client that is stopped and reads nothing is given up at this many bytes.
+// An asker that is stopped and reads nothing is given up at this many bytes.
 static constexpr qint64 longestBacklog = 256 * 1024 * 1024;
-static constexpr auto retryAfter = 50ms;
 
 static QByteArray line(const QJsonObject &message)
 {
@@ -67,19 +67,17 @@ static bool isOurUser(const QLocalSocket &socket)
 
 namespace {
 
-class SocketAnswer final : public RequestAnswer {
+class SocketReply final : public Reply {
 public:
-    explicit SocketAnswer(QLocalSocket *socket) : m_socket(socket) { write({{u"accepted"_s, true}}); }
-    ~SocketAnswer() override { finish(1); }
+    explicit SocketReply(QLocalSocket *socket) : m_socket(socket) { write({}); }
+    ~SocketReply() override { leave(); }
 
     void print(const QString &text) override { writeText(u"out"_s, text); }
     void printError(const QString &text) override { writeText(u"error"_s, text); }
-    void finish(int status) override
+    void finish(int exitStatus) override
     {
-        write({{u"status"_s, status}});
-        if (m_socket) m_socket->flush(); // the owner may be about to end
-        if (m_socket) m_socket->disconnectFromServer();
-        m_socket.clear();
+        write({{u"exit"_s, exitStatus}});
+        leave();
     }
 
 private:
@@ -98,97 +96,153 @@ private:
             from += length;
         }
     }
+    void leave()
+    {
+        if (m_socket) m_socket->flush(); // the owner may be about to end
+        if (m_socket) m_socket->disconnectFromServer();
+        m_socket.clear();
+    }
 
     QPointer<QLocalSocket> m_socket; // the server's; empty when it has gone
 };
 
-class LinuxRequestChannel final : public RequestChannel {
+/// One request from its sending to its end; then it deletes itself.
+class Asking final : public QObject {
 public:
-    LinuxRequestChannel(const Places &places, std::chrono::milliseconds patience);
-
-    Result<bool> claim() override;
-    void send(const Request &request) override;
+    Asking(const QString &owner, const Request &request, ReplyHandler handler, std::chrono::milliseconds patience,
+           QObject *parent)
+        : QObject(parent), m_owner(owner), m_handler(std::move(handler))
+    {
+        m_request = line(
+            {{u"arguments"_s, QJsonArray::fromStringList(request.arguments)}, {u"folder"_s, request.workingFolder}});
+        connect(&m_socket, &QLocalSocket::connected, this, [this] { speak(); });
+        connect(&m_socket, &QLocalSocket::readyRead, this, [this] { listen(); });
+        connect(&m_socket, &QLocalSocket::disconnected, this, [this] { loseConnection(); });
+        connect(&m_socket, &QLocalSocket::errorOccurred, this, [this] { loseConnection(); });
+        m_patience.setSingleShot(true);
+        m_patience.callOnTimeout(this, [this] { end([this] { m_handler.lost(); }); });
+        m_patience.start(m_request.size() > longestMessage ? 0ms : patience);
+        m_retry.setSingleShot(true);
+        m_retry.callOnTimeout(this, [this] { call(); });
+        m_retry.start(0ms);
+    }
 
 private:
-    QString file(const QString &name) const { return m_folder + u'/' + name; }
+    void call()
+    {
+        if (m_socket.state() == QLocalSocket::UnconnectedState && m_request.size() <= longestMessage)
+            m_socket.connectToServer(m_owner);
+    }
+    void speak()
+    {
+        if (isOurUser(m_socket))
+            m_socket.write(m_request);
+        else
+            m_socket.abort();
+    }
+    void listen()
+    {
+        while (!m_over) {
+            const auto message = nextMessage(m_socket);
+            if (!message) return;
+            m_patience.stop();
+            take(*message);
+        }
+    }
+    void take(const QJsonObject &message)
+    {
+        const QJsonValue out = message["out"_L1], error = message["error"_L1], exit = message["exit"_L1];
+        if (out.isString()) m_handler.print(out.toString());
+        if (error.isString()) m_handler.printError(error.toString());
+        if (exit.isDouble()) end([this, exit] { m_handler.finished(exit.toInt(1)); });
+    }
+    /// Before its first word the owner may be just starting, or changing; afterwards it has ended.
+    void loseConnection()
+    {
+        listen();
+        if (m_over) return;
+        if (m_patience.isActive()) return m_retry.start(50ms);
+        end([this] { m_handler.lost(); });
+    }
+    void end(const std::function<void()> &announce)
+    {
+        m_over = true;
+        m_patience.stop();
+        m_retry.stop();
+        m_socket.abort();
+        deleteLater();
+        announce();
+    }
+
+    QString m_owner;
+    QByteArray m_request;
+    ReplyHandler m_handler;
+    QTimer m_patience; // until the owner's first word; it may then work for hours
+    QTimer m_retry;
+    bool m_over = false;
+    QLocalSocket m_socket;
+};
+
+class LinuxRequestChannel final : public RequestChannel {
+public:
+    LinuxRequestChannel(const Places &places, std::chrono::milliseconds patience)
+        : m_folder(places.runtime + u"/velko"_s), m_patience(patience)
+    { }
+
+    bool claim() override;
+    void ask(const Request &request, ReplyHandler handler) override
+    {
+        new Asking(socketFile(), request, std::move(handler), m_patience, this);
+    }
+
+private:
+    QString socketFile() const { return m_folder + u"/socket"_s; }
+    Descriptor takeLock() const;
     void listen();
     void welcome(QLocalSocket *socket);
     void takeRequest(QLocalSocket *socket);
-    void connectToOwner() { m_client.connectToServer(file(u"velko.sock"_s)); }
-    void lostOwner();
-    void takeAnswers();
-    void take(const QJsonObject &message);
-    void end(const std::function<void()> &announce);
 
     QString m_folder;
+    std::chrono::milliseconds m_patience;
     Descriptor m_lock; // before the server: the socket is gone before another may claim
     QLocalServer m_server;
-
-    QByteArray m_request;
-    QLocalSocket m_client;
-    QTimer m_retry;
-    QTimer m_patience; // until the owner's first word
-    bool m_waiting = false;
 };
 
 }
 
-LinuxRequestChannel::LinuxRequestChannel(const Places &places, std::chrono::milliseconds patience)
-    : m_folder(places.runtime)
+bool LinuxRequestChannel::claim()
 {
-    m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    connect(&m_server, &QLocalServer::newConnection, this, [this] {
-        while (QLocalSocket *socket = m_server.nextPendingConnection())
-            welcome(socket);
-    });
-
-    m_retry.setSingleShot(true);
-    m_retry.setInterval(retryAfter);
-    m_retry.callOnTimeout([this] {
-        if (m_client.state() == QLocalSocket::UnconnectedState) connectToOwner();
-    });
-    m_patience.setSingleShot(true);
-    m_patience.setInterval(patience);
-    m_patience.callOnTimeout([this] {
-        end([this] { emit failed({u"Velko is running but doesn't answer. Quit it, then try again."_s, {}}); });
-    });
-    connect(&m_client, &QLocalSocket::connected, this, [this] {
-        if (isOurUser(m_client))
-            m_client.write(m_request);
-        else
-            m_client.abort();
-    });
-    connect(&m_client, &QLocalSocket::readyRead, this, [this] { takeAnswers(); });
-    connect(&m_client, &QLocalSocket::disconnected, this, [this] { lostOwner(); });
-    connect(&m_client, &QLocalSocket::errorOccurred, this, [this] { lostOwner(); });
+    if (m_lock) return true;
+    QDir().mkpath(m_folder);
+    QFile::setPermissions(m_folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    m_lock = takeLock();
+    if (m_lock) listen();
+    return bool(m_lock);
 }
 
 // The lock decides, not the socket: the kernel frees it with the process that held it, whatever ended that. Its file
 // stays, since removing it would let two processes hold a lock on two files of the same name.
-Result<bool> LinuxRequestChannel::claim()
+Descriptor LinuxRequestChannel::takeLock() const
 {
-    if (m_lock) return true;
-    if (!QFileInfo::exists(m_folder) && QDir().mkpath(m_folder))
-        QFile::setPermissions(m_folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    Descriptor lock(
-        open(QFile::encodeName(file(u"velko.lock"_s)).constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600));
-    int locked = -1;
-    while (lock && (locked = flock(lock.number(), LOCK_EX | LOCK_NB)) != 0 && errno == EINTR) { }
-    if (lock && locked != 0 && errno == EWOULDBLOCK) return false;
-    if (!lock || locked != 0)
-        return Message{
-            u"Velko can't use the folder “%@”. Make sure that it is yours and can be written to, then start Velko again."_s,
-            {m_folder}};
-    m_lock = std::move(lock);
-    listen();
-    return true;
+    const QByteArray file = QFile::encodeName(m_folder + u"/lock"_s);
+    Descriptor lock(open(file.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600));
+    while (lock && flock(lock.number(), LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EINTR) return {};
+    }
+    return lock;
 }
 
-/// The socket of an owner that crashed is in the way, and nobody else may remove it now.
+/// The socket of an owner that crashed is in the way, and nobody else may remove it now. Owning the library does not
+/// depend on being reachable.
 void LinuxRequestChannel::listen()
 {
-    QLocalServer::removeServer(file(u"velko.sock"_s));
-    m_server.listen(file(u"velko.sock"_s));
+    connect(&m_server, &QLocalServer::newConnection, this, [this] {
+        while (QLocalSocket *socket = m_server.nextPendingConnection())
+            welcome(socket);
+    });
+    QLocalServer::removeServer(socketFile());
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    if (!m_server.listen(socketFile())) qWarning("no requests: %s", qPrintable(m_server.errorString()));
 }
 
 void LinuxRequestChannel::welcome(QLocalSocket *socket)
@@ -207,57 +261,7 @@ void LinuxRequestChannel::takeRequest(QLocalSocket *socket)
     const auto request = requestFrom(*message);
     if (!request) return socket->abort();
     socket->disconnect(this); // one request for each connection; what follows is not read
-    emit requested(*request, std::make_shared<SocketAnswer>(socket));
-}
-
-void LinuxRequestChannel::send(const Request &request)
-{
-    m_request =
-        line({{u"arguments"_s, QJsonArray::fromStringList(request.arguments)}, {u"folder"_s, request.workingFolder}});
-    m_waiting = true;
-    if (m_request.size() > longestMessage) {
-        return end([this] {
-            emit failed({u"That is too much at once. Give Velko fewer files, then try again."_s, {}});
-        });
-    }
-    m_patience.start();
-    connectToOwner();
-}
-
-/// Before its first word the owner may be just starting, or changing; afterwards it has ended.
-void LinuxRequestChannel::lostOwner()
-{
-    takeAnswers();
-    if (!m_waiting) return;
-    if (m_patience.isActive()) return m_retry.start();
-    end([this] { emit failed({u"Velko ended before it had finished. Start it, then try again."_s, {}}); });
-}
-
-void LinuxRequestChannel::takeAnswers()
-{
-    while (m_waiting) {
-        const auto message = nextMessage(m_client);
-        if (!message) return;
-        take(*message);
-    }
-}
-
-void LinuxRequestChannel::take(const QJsonObject &message)
-{
-    m_patience.stop();
-    if (message["out"_L1].isString()) emit printed(message["out"_L1].toString());
-    if (message["error"_L1].isString()) emit errorPrinted(message["error"_L1].toString());
-    if (message["status"_L1].isDouble()) end([this, &message] { emit finished(message["status"_L1].toInt(1)); });
-}
-
-/// The one end of a request. What the sockets and timers still say is not heard.
-void LinuxRequestChannel::end(const std::function<void()> &announce)
-{
-    m_waiting = false;
-    m_patience.stop();
-    m_retry.stop();
-    m_client.abort();
-    announce();
+    emit requested(*request, std::make_shared<SocketReply>(socket));
 }
 
 std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places, std::chrono::milliseconds patience)

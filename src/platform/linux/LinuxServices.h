@@ -28,6 +28,8 @@ std::unique_ptr<ProcessControl> makeProcessControl();
 /// Asks plocate (its own database, unless another is given), then walks. Without plocate nothing begins with anything.
 std::unique_ptr<FileIndex> makeFileIndex(const Places &places, const QString &database = {});
 
-/// Over a socket in the runtime folder. An owner that gives no sign of life for `patience` counts as unreachable.
+/// A lock and a socket in "velko" below the runtime folder, open to this user only. An owner that gives no sign of life
+/// for `patience` is lost; one that is just starting is waited for. A request is at most 1 MiB long; a longer one is
+/// lost, too.
 std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places,
                                                    std::chrono::milliseconds patience = std::chrono::seconds(10));

@@ -1,0 +1,70 @@
+#include "emulators/EmulatorLauncher.h"
+
+#include "emulators/InstalledEmulators.h"
+#include "emulators/QualityValue.h"
+#include "platform/Preferences.h"
+#include "platform/ProcessControl.h"
+#include "platform/Tasks.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+static constexpr auto lookEvery = 100ms;
+static constexpr auto giveUpAfter = 5s;
+
+EmulatorLauncher::EmulatorLauncher(const Places &places, const Preferences &preferences, Workspace &workspace,
+                                   ProcessControl &processes, Clock &clock, Tasks &tasks,
+                                   const InstalledEmulators &emulators, std::function<Session()> session,
+                                   QObject *parent)
+    : QObject(parent), m_places(places), m_preferences(preferences), m_workspace(workspace), m_processes(processes),
+      m_clock(clock), m_tasks(tasks), m_emulators(emulators), m_session(std::move(session))
+{ }
+
+void EmulatorLauncher::launch(const LaunchRequest &request, Done done)
+{
+    const LaunchInput input{.request = request,
+                            .known = m_emulators.stillReadyFor(request.consoleID),
+                            .choices = emulatorChoices(m_preferences, m_places.host),
+                            .session = m_session(),
+                            .quality = defaultQuality(m_preferences.get(preference::defaultQuality)),
+                            .now = m_clock.now()};
+    const auto prepare = [input, places = m_places, finder = m_emulators.finder(), &processes = m_processes] {
+        return prepareLaunch(input, places, finder, processes);
+    };
+    m_tasks.run(this, prepare, [this, done = std::move(done)](Result<PreparedLaunch> prepared) {
+        if (!prepared) return done(prepared.failure());
+        endRunning(std::move(prepared.value()), done);
+    });
+}
+
+void EmulatorLauncher::endRunning(PreparedLaunch launch, Done done)
+{
+    for (const qint64 pid : launch.running)
+        m_processes.askToQuit(pid);
+    m_waiting.push_back({std::move(launch), std::move(done), m_clock.awake() + giveUpAfter, nullptr});
+    lookAgain(std::prev(m_waiting.end()));
+}
+
+void EmulatorLauncher::lookAgain(std::list<Waiting>::iterator waiting)
+{
+    waiting->launch.running.removeIf([this](qint64 pid) { return !m_processes.isAlive(pid); });
+    const bool ended = waiting->launch.running.isEmpty();
+    if (!ended && m_clock.awake() < waiting->giveUp) {
+        if (!waiting->timer) waiting->timer = m_clock.every(lookEvery, [this, waiting] { lookAgain(waiting); });
+        return;
+    }
+    const Waiting over = std::move(*waiting);
+    m_waiting.erase(waiting);
+    if (ended) return start(over.launch, over.done);
+    const EmulatorDef *def = emulatorWithID(over.launch.plan.engine, m_places.host);
+    over.done(Message{u"%@ is still running and doesn't close. Quit it, then play again."_s,
+                      {def ? def->name : over.launch.plan.engine}});
+}
+
+void EmulatorLauncher::start(const PreparedLaunch &launch, const Done &done)
+{
+    const LaunchPlan &plan = launch.plan;
+    const auto pid = m_workspace.start({plan.command, plan.environment, plan.workingFolder, launch.logFile});
+    if (!pid) return done(pid.failure());
+    done(StartedGame{pid.value(), plan.applicationID, plan.engine, launch.logFile});
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "emulators/LaunchPreparation.h"
+#include "library/GameLauncher.h"
+#include "platform/Clock.h"
+
+#include <QObject>
+#include <list>
+
+class InstalledEmulators;
+class Tasks;
+
+/// Starts games in their emulators. Checks and searches run in the background; when the last look at what is installed
+/// still holds, nothing is searched. What it is given outlives it; when it goes, launches under way end without a
+/// start.
+class EmulatorLauncher : public QObject, public GameLauncher {
+    Q_OBJECT
+public:
+    EmulatorLauncher(const Places &places, const Preferences &preferences, Workspace &workspace,
+                     ProcessControl &processes, Clock &clock, Tasks &tasks, const InstalledEmulators &emulators,
+                     std::function<Session()> session, QObject *parent = nullptr);
+
+    using Done = std::function<void(Result<StartedGame>)>;
+    void launch(const LaunchRequest &request, Done done) override;
+
+private:
+    /// A launch that waits for running programs to end.
+    struct Waiting {
+        PreparedLaunch launch;
+        Done done;
+        std::chrono::milliseconds giveUp; ///< in the clock's awake time
+        Timer timer;
+    };
+
+    void endRunning(PreparedLaunch launch, Done done);
+    void lookAgain(std::list<Waiting>::iterator waiting);
+    void start(const PreparedLaunch &launch, const Done &done);
+
+    Places m_places;
+    const Preferences &m_preferences;
+    Workspace &m_workspace;
+    ProcessControl &m_processes;
+    Clock &m_clock;
+    Tasks &m_tasks;
+    const InstalledEmulators &m_emulators;
+    std::function<Session()> m_session;
+    std::list<Waiting> m_waiting;
+};

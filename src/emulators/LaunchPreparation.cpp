@@ -1,0 +1,102 @@
+#include "emulators/LaunchPreparation.h"
+
+#include "emulators/OpenEmuLibrary.h"
+#include "emulators/SessionLog.h"
+#include "platform/ProcessControl.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+static bool isOnPath(const QString &program, const Places &places)
+{
+    return std::any_of(places.programDirs.begin(), places.programDirs.end(), [&program](const QString &folder) {
+        const QFileInfo file(folder + u'/' + program);
+        return file.isFile() && file.isExecutable();
+    });
+}
+
+static LaunchFacts factsOf(const LaunchInput &input, const Places &places)
+{
+    const LaunchRequest &request = input.request;
+    LaunchFacts facts;
+    facts.host = places.host;
+    facts.home = places.home;
+    facts.displays = input.session.displays;
+    facts.waylandSession = input.session.wayland;
+    facts.mangoHud = request.settings.showFPS && isOnPath(u"mangohud"_s, places);
+    facts.quality = input.quality;
+    facts.gameIsFolder = QFileInfo(request.path).isDir();
+    facts.stateExists = request.statePath && QFileInfo(*request.statePath).isFile();
+    facts.slotBesideGame = QFileInfo(mgbaSlotOf(request.path)).isFile();
+    facts.retroArchConfig = places.dataFolder() + u"/retroarch.cfg"_s;
+    return facts;
+}
+
+static Result<ReadyEmulator> chooseFor(const Console &console, const LaunchInput &input, const Places &places,
+                                       const EmulatorFinder &finder)
+{
+    if (input.known) return *input.known;
+    if (const auto ready = finder.readyFor(console, input.choices)) return *ready;
+    const EmulatorDef *retroArch = emulatorWithID(u"retroarch"_s, places.host);
+    const bool asks = retroArch && console.emulators.contains(retroArch->id);
+    return noEmulatorFor(console, asks ? finder.find(*retroArch, input.choices) : std::nullopt, places);
+}
+
+static Result<LaunchPlan> planOf(const Console &console, const LaunchInput &input, const Places &places,
+                                 const EmulatorFinder &finder)
+{
+    LaunchFacts facts = factsOf(input, places);
+    if (opensItself(input.request.path, console, places.host)) {
+        if (const auto refusal = nativeGameRefusal(input.request.path, places.host)) return *refusal;
+        return planNativeGame(input.request, console, facts);
+    }
+    const auto ready = chooseFor(console, input, places, finder);
+    if (!ready) return ready.failure();
+    const InstalledEmulator &emulator = ready.value().emulator;
+    if (places.host == Host::mac && emulator.emulatorID == "shadps4"_L1) {
+        if (const auto refusal = shadPS4MacRefusal(input.session.mac)) return *refusal;
+    }
+    if (const auto refusal = emulatorRefusal(emulator, input.request.path, places)) return *refusal;
+    facts.core = ready.value().core;
+    if (emulator.emulatorID == "openemu"_L1) facts.openEmuCopy = openEmuCopyOf(input.request.path, places.home);
+    return planEmulator(input.request, emulator, facts);
+}
+
+static void writeConfig(const LaunchPlan &plan)
+{
+    if (plan.configFile.isEmpty()) return;
+    QDir().mkpath(QFileInfo(plan.configFile).path());
+    QSaveFile file(plan.configFile);
+    if (file.open(QSaveFile::WriteOnly) && file.write(plan.configText) == plan.configText.size()) file.commit();
+}
+
+static QList<qint64> runningNow(const QStringList &programs, const ProcessControl &processes)
+{
+    QList<qint64> pids;
+    if (programs.isEmpty()) return pids;
+    for (const RunningProcess &process : processes.running()) {
+        if (programs.contains(process.program)) pids += process.pid;
+    }
+    return pids;
+}
+
+Result<PreparedLaunch> prepareLaunch(const LaunchInput &input, const Places &places, const EmulatorFinder &finder,
+                                     const ProcessControl &processes)
+{
+    const LaunchRequest &request = input.request;
+    if (!QFileInfo::exists(request.path)) return Message{u"File not found: %@"_s, {request.path}};
+    const Console *console = consoleWithID(request.consoleID, places.host);
+    if (!console) {
+        return Message{u"Velko doesn't know the console “%@” of this game. Remove the game and add it again."_s,
+                       {request.consoleID}};
+    }
+    const auto plan = planOf(*console, input, places, finder);
+    if (!plan) return plan.failure();
+    writeConfig(plan.value());
+    return PreparedLaunch{plan.value(), newSessionLog(places.logFolder(), plan.value().engine, input.now),
+                          runningNow(plan.value().programsToEnd, processes)};
+}

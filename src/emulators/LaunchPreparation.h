@@ -1,0 +1,39 @@
+#pragma once
+
+#include "base/Result.h"
+#include "emulators/EmulatorFinder.h"
+#include "emulators/LaunchChecks.h"
+#include "emulators/LaunchPlan.h"
+
+#include <QDateTime>
+
+class ProcessControl;
+
+/// Where the user sits: known on the main thread only.
+struct Session {
+    int displays = 1;
+    bool wayland = false; ///< a Wayland session that has XWayland
+    MacFacts mac; ///< looked at on the Mac only
+};
+
+/// A launch as the main thread hands it to the background.
+struct LaunchInput {
+    LaunchRequest request;
+    std::optional<ReadyEmulator> known; ///< of the last look, still there; absent: search
+    EmulatorChoices choices;
+    Session session;
+    QualityPreset quality = QualityPreset::medium; ///< of games that have none of their own
+    QDateTime now;
+};
+
+/// A launch that only has to be started.
+struct PreparedLaunch {
+    LaunchPlan plan;
+    QString logFile;
+    QList<qint64> running; ///< processes that must have ended before
+};
+
+/// Everything up to the start: checks, the search for an emulator, the plan, and the files that it needs. A file that
+/// cannot be written does not stop the launch. Blocks: call it in the background.
+Result<PreparedLaunch> prepareLaunch(const LaunchInput &input, const Places &places, const EmulatorFinder &finder,
+                                     const ProcessControl &processes);

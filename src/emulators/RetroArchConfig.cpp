@@ -1,0 +1,27 @@
+#include "emulators/RetroArchConfig.h"
+
+#include <QRegularExpression>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+QByteArray retroArchConfig(const GameSettings &settings)
+{
+    QByteArray text = "network_cmd_enable = \"true\"\n"
+                      "network_cmd_port = \"55355\"\n"
+                      "pause_nonactive = \"false\"\n"
+                      "config_save_on_exit = \"false\"\n"
+                      "quit_press_twice = \"false\"\n"
+                      "savestate_auto_index = \"false\"\n"
+                      // The slot that the command line can load again.
+                      "state_slot = \"1\"\n";
+    if (settings.fullScreen == false) text += "video_fullscreen = \"false\"\n";
+    if (settings.showFPS) text += "fps_show = \"true\"\n";
+    return text;
+}
+
+int retroArchEntrySlot(const QString &statePath)
+{
+    static const QRegularExpression slot(u"\\.state(\\d{1,3})$"_s);
+    return std::max(1, slot.match(statePath).captured(1).toInt());
+}

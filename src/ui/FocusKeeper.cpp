@@ -1,0 +1,94 @@
+#include "ui/FocusKeeper.h"
+
+#include "ui/FocusMoves.h"
+
+#include <QQuickWindow>
+
+/// A list is entered as a whole but left from its current item.
+static QRectF placeInWindow(QQuickItem *item)
+{
+    auto *current = item->property("currentItem").value<QQuickItem *>();
+    if (current) item = current;
+    return item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
+}
+
+static void collectControls(QQuickItem *item, QList<QQuickItem *> &controls)
+{
+    if (!item->isVisible() || !item->isEnabled()) return;
+    if (item->activeFocusOnTab() && item->width() > 0) controls += item;
+    const auto children = item->childItems();
+    for (QQuickItem *child : children)
+        collectControls(child, controls);
+}
+
+static QList<QQuickItem *> controlsOf(QQuickItem *root)
+{
+    QList<QQuickItem *> controls;
+    collectControls(root, controls);
+    return controls;
+}
+
+static QList<QRectF> whole(const QList<QQuickItem *> &controls)
+{
+    QList<QRectF> places;
+    for (QQuickItem *item : controls)
+        places += item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
+    return places;
+}
+
+FocusKeeper::FocusKeeper(QQuickWindow *window) : QObject(window), m_window(window)
+{
+    connect(window, &QQuickWindow::activeFocusItemChanged, this, [this] {
+        if (m_checking) return;
+        m_checking = true;
+        // Focus passes through in-between states while a page is taken down and another put up.
+        QMetaObject::invokeMethod(this, &FocusKeeper::check, Qt::QueuedConnection);
+    });
+}
+
+void FocusKeeper::check()
+{
+    m_checking = false;
+    if (!m_window) return;
+    QQuickItem *item = m_window->activeFocusItem();
+    if (item && item->activeFocusOnTab()) {
+        m_last = placeInWindow(item);
+        return;
+    }
+    auto controls = item ? controlsOf(item) : QList<QQuickItem *>();
+    if (controls.isEmpty()) controls = controlsOf(m_window->contentItem());
+    if (const auto index = nearest(m_last, whole(controls))) focus(controls[*index]);
+}
+
+bool FocusKeeper::move(int key)
+{
+    QQuickItem *item = m_window ? m_window->activeFocusItem() : nullptr;
+    if (!item) return false;
+    auto controls = controlsOf(m_window->contentItem());
+    controls.removeOne(item);
+    const Direction direction = key == Qt::Key_Up ? Direction::up
+        : key == Qt::Key_Down                     ? Direction::down
+        : key == Qt::Key_Left                     ? Direction::left
+                                                  : Direction::right;
+    const auto index = nextInDirection(placeInWindow(item), whole(controls), direction);
+    if (!index) return false;
+    focus(controls[*index]);
+    return true;
+}
+
+void FocusKeeper::focus(QQuickItem *item)
+{
+    item->forceActiveFocus(Qt::TabFocusReason);
+}
+
+qreal FocusKeeper::revealed(QQuickItem *view, QQuickItem *content, qreal position, qreal margin) const
+{
+    QQuickItem *item = m_window ? m_window->activeFocusItem() : nullptr;
+    if (!item || !content->isAncestorOf(item)) return position;
+    const QRectF place = item->mapRectToItem(content, QRectF(0, 0, item->width(), item->height()));
+    const qreal room = content->height() - view->height();
+    if (room <= 0) return position;
+    if (place.bottom() + margin > position + view->height()) position = place.bottom() + margin - view->height();
+    if (place.top() - margin < position) position = place.top() - margin;
+    return qBound(0.0, position, room);
+}

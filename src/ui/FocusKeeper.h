@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QQuickItem>
+#include <QRectF>
+#include <qqmlregistration.h>
+
+/// Keeps exactly one control of a window in focus: moves it by arrow keys to the nearest control, and gives it to the
+/// nearest neighbour when the control that had it is gone. Controls are the items that Tab reaches.
+class FocusKeeper : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("one for each window")
+public:
+    explicit FocusKeeper(QQuickWindow *window);
+
+    Q_INVOKABLE bool move(int key); ///< an arrow key; false at the edge
+    /// The scroll position at which the focused control is wholly visible in this view, or where it stands already.
+    Q_INVOKABLE qreal revealed(QQuickItem *view, QQuickItem *content, qreal position, qreal margin) const;
+
+private:
+    void check();
+    void focus(QQuickItem *item);
+
+    QPointer<QQuickWindow> m_window;
+    QRectF m_last; ///< where the focus was, in the window
+    bool m_checking = false;
+};

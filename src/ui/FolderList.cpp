@@ -1,0 +1,121 @@
+#include "ui/FolderList.h"
+
+#include "app/Translator.h"
+#include "platform/Tasks.h"
+
+#include <QCollator>
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+QList<FolderPlace> folderPlaces(const Places &places)
+{
+    QList<FolderPlace> list{{u"Home"_s, places.home, u"home"_s}};
+    for (const QString &name : {u"Downloads"_s, u"Games"_s}) {
+        const QString path = places.home + u'/' + name;
+        if (QFileInfo(path).isDir()) list += {name, path, name == u"Games" ? u"controller"_s : u"download"_s};
+    }
+    const QString user = QDir(places.home).dirName();
+    for (const QString &media : {u"/media/"_s + user, u"/run/media/"_s + user, u"/mnt"_s}) {
+        const auto names = QDir(media).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+        for (const QString &name : names)
+            list += {name, media + u'/' + name, u"save"_s};
+    }
+    list += {u"Computer"_s, u"/"_s, u"display"_s};
+    return list;
+}
+
+FolderList::FolderList(const Places &places, Tasks &tasks, const Translator &translator, QObject *parent)
+    : QAbstractListModel(parent), m_places(places), m_tasks(tasks), m_translator(translator)
+{ }
+
+QString FolderList::folderName() const
+{
+    if (m_folder == m_places.home) return m_translator.translate(u"Home"_s);
+    if (m_folder.startsWith(m_places.home + u'/')) return u"~"_s + m_folder.mid(m_places.home.size());
+    return m_folder;
+}
+
+QString FolderList::parentFolder() const
+{
+    return m_folder.isEmpty() || m_folder == u"/" ? QString() : QFileInfo(m_folder).absolutePath();
+}
+
+QVariantList FolderList::places() const
+{
+    QVariantList list;
+    for (const FolderPlace &place : m_placeList)
+        list += QVariantMap{
+            {u"name"_s, m_translator.translate(place.name)}, {u"path"_s, place.path}, {u"icon"_s, place.icon}};
+    return list;
+}
+
+QString FolderList::emptyText() const
+{
+    if (m_loading || !m_names.isEmpty()) return {};
+    return m_translator.translate(m_readable ? u"No folders in here. You can add this one."_s
+                                             : u"This folder can't be read. Choose another one."_s);
+}
+
+void FolderList::open(const QString &folder)
+{
+    m_folder = folder.isEmpty() ? m_places.home : QDir::cleanPath(folder);
+    m_loading = true;
+    show({});
+    emit folderChanged();
+    m_tasks.run(
+        this, [folder = m_folder, places = m_places] { return read(folder, places); },
+        [this, token = ++m_token](const Listing &listing) {
+            if (token != m_token) return;
+            m_loading = false;
+            m_placeList = listing.places;
+            show(listing);
+            emit placesChanged();
+        });
+}
+
+FolderList::Listing FolderList::read(const QString &folder, const Places &places)
+{
+    const QDir directory(folder);
+    Listing listing{directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot), directory.isReadable(),
+                    folderPlaces(places)};
+    QCollator order;
+    order.setNumericMode(true);
+    order.setCaseSensitivity(Qt::CaseInsensitive);
+    std::sort(listing.names.begin(), listing.names.end(), order);
+    return listing;
+}
+
+void FolderList::show(const Listing &listing)
+{
+    beginResetModel();
+    m_names = listing.names;
+    m_readable = listing.readable;
+    endResetModel();
+    emit loadingChanged();
+}
+
+int FolderList::rowOf(const QString &path) const
+{
+    return QFileInfo(path).absolutePath() == m_folder ? int(m_names.indexOf(QFileInfo(path).fileName())) : -1;
+}
+
+int FolderList::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_names.size());
+}
+
+QVariant FolderList::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid()) return {};
+    const QString &name = m_names[index.row()];
+    if (role == Name) return name;
+    if (role == Path) return m_folder.endsWith(u'/') ? m_folder + name : m_folder + u'/' + name;
+    return {};
+}
+
+QHash<int, QByteArray> FolderList::roleNames() const
+{
+    return {{Name, "name"}, {Path, "path"}};
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/Places.h"
+
+#include <QAbstractListModel>
+#include <qqmlregistration.h>
+
+class Tasks;
+class Translator;
+
+/// One place to begin looking for a folder.
+struct FolderPlace {
+    QString name; ///< in English; a medium's own name
+    QString path;
+    QString icon;
+    bool operator==(const FolderPlace &) const = default;
+};
+
+/// The home folder, the download folder, connected media and the whole computer. Asks the disk.
+QList<FolderPlace> folderPlaces(const Places &places);
+
+/// The folders inside one folder, for choosing one. Reads the disk in the background; a folder that cannot be read is
+/// shown as empty, with the reason.
+class FolderList : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("one for each window")
+    Q_PROPERTY(QString folder READ folder NOTIFY folderChanged)
+    Q_PROPERTY(QString folderName READ folderName NOTIFY folderChanged)
+    Q_PROPERTY(QString parentFolder READ parentFolder NOTIFY folderChanged)
+    Q_PROPERTY(QVariantList places READ places NOTIFY placesChanged)
+    Q_PROPERTY(bool loading READ loading NOTIFY loadingChanged)
+    Q_PROPERTY(QString emptyText READ emptyText NOTIFY loadingChanged)
+public:
+    enum Role { Name = Qt::UserRole + 1, Path };
+
+    FolderList(const Places &places, Tasks &tasks, const Translator &translator, QObject *parent = nullptr);
+
+    QString folder() const { return m_folder; }
+    QString folderName() const; ///< "~/Games" below the home folder
+    QString parentFolder() const; ///< empty at the top
+    QVariantList places() const; ///< name, path and icon of each
+    bool loading() const { return m_loading; }
+    QString emptyText() const; ///< why no folder is listed
+
+    Q_INVOKABLE void open(const QString &folder); ///< empty: the home folder; reads the places anew as well
+    Q_INVOKABLE int rowOf(const QString &path) const; ///< -1: not listed
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+signals:
+    void folderChanged();
+    void placesChanged();
+    void loadingChanged();
+
+private:
+    struct Listing {
+        QStringList names;
+        bool readable = true;
+        QList<FolderPlace> places;
+    };
+    static Listing read(const QString &folder, const Places &places);
+    void show(const Listing &listing);
+
+    const Places m_places;
+    Tasks &m_tasks;
+    const Translator &m_translator;
+    QString m_folder;
+    QStringList m_names;
+    QList<FolderPlace> m_placeList;
+    bool m_loading = false;
+    bool m_readable = true;
+    int m_token = 0; ///< a listing that comes back with an older one is dropped
+};

@@ -1,0 +1,51 @@
+#include "ui/HomeFacts.h"
+
+#include "app/Translator.h"
+#include "ui/HomeGames.h"
+#include "ui/PlayDayBars.h"
+#include "ui/models/PlayTimeText.h"
+
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+static constexpr int shelfLength = 24;
+
+HomeFacts::HomeFacts(const GameFacts::Sources &sources, QObject *parent)
+    : QObject(parent), m_library(sources.library), m_translator(sources.translator), m_clock(sources.clock),
+      m_hero(sources), m_recent(sources.library, sources.host), m_favorites(sources.library, sources.host)
+{
+    connect(&m_library, &LibraryStore::gamesChanged, this, &HomeFacts::update);
+    connect(&m_library, &LibraryStore::libraryReplaced, this, &HomeFacts::update);
+    connect(&m_library, &LibraryStore::runningChanged, this, &HomeFacts::update);
+}
+
+void HomeFacts::setActive(bool active)
+{
+    if (active == m_active) return;
+    m_active = active;
+    update();
+    emit activeChanged();
+}
+
+void HomeFacts::update()
+{
+    if (!m_active) return;
+    const auto &games = m_library.games();
+    QStringList played = recentlyPlayed(games, shelfLength + 1);
+    const bool anyPlayed = !played.isEmpty();
+    if (!anyPlayed) played = recentlyAdded(games, shelfLength + 1);
+    m_hero.setGameID(played.value(0));
+    // The hero stands above the shelf already.
+    m_recent.show(played.mid(1));
+    m_recentTitle = m_translator.translate(anyPlayed ? u"Recently played"_s : u"Recently added"_s);
+    m_favorites.show(favoriteGames(games, shelfLength));
+
+    const QDate today = m_clock.now().date();
+    const auto days = lastDays(dailyTotals(games, today.addDays(-6)), today, 7);
+    m_week = playDayBars(days, today, m_translator);
+    const double seconds = std::accumulate(days.begin(), days.end(), 0.0,
+                                           [](double sum, const PlayDay &day) { return sum + day.seconds; });
+    m_weekTime = seconds > 0 ? m_translator.message(playTimeText(seconds)) : u"0 min"_s;
+    emit changed();
+}

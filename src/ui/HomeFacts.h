@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ui/GameFacts.h"
+#include "ui/ShelfModel.h"
+
+/// What the Home screen shows: the game played last, the week, the shelves. Works only while `active`.
+class HomeFacts : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made with the library")
+    Q_PROPERTY(bool active MEMBER m_active WRITE setActive NOTIFY activeChanged)
+    Q_PROPERTY(bool hasGames READ hasGames NOTIFY changed)
+    Q_PROPERTY(QString heroTitle READ heroTitle NOTIFY changed)
+    Q_PROPERTY(GameFacts *hero READ hero CONSTANT)
+    Q_PROPERTY(ShelfModel *recent READ recent CONSTANT)
+    Q_PROPERTY(QString recentTitle READ recentTitle NOTIFY changed)
+    Q_PROPERTY(ShelfModel *favorites READ favorites CONSTANT)
+    Q_PROPERTY(QVariantList week READ week NOTIFY changed)
+    Q_PROPERTY(QString weekTime READ weekTime NOTIFY changed)
+public:
+    explicit HomeFacts(const GameFacts::Sources &sources, QObject *parent = nullptr);
+
+    void setActive(bool active);
+    bool hasGames() const { return m_library.count() > 0; }
+    GameFacts *hero() { return &m_hero; } ///< the game played last, else the one added last
+    QString heroTitle() const { return m_hero.title(); }
+    ShelfModel *recent() { return &m_recent; }
+    QString recentTitle() const { return m_recentTitle; }
+    ShelfModel *favorites() { return &m_favorites; }
+    QVariantList week() const { return m_week; } ///< the last seven days for `Bars`
+    QString weekTime() const { return m_weekTime; }
+
+signals:
+    void activeChanged();
+    void changed();
+
+private:
+    void update();
+
+    const LibraryStore &m_library;
+    const Translator &m_translator;
+    const Clock &m_clock;
+    GameFacts m_hero;
+    ShelfModel m_recent;
+    ShelfModel m_favorites;
+    bool m_active = false;
+    QString m_recentTitle;
+    QVariantList m_week;
+    QString m_weekTime;
+};

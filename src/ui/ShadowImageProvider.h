@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QQuickImageProvider>
+
+/// `image://shadow/<radius>/<blur>/<alpha in percent>`: the shadow of a rounded card for a `BorderImage`, whose borders
+/// are radius + 2 blur wide on every side.
+class ShadowImageProvider final : public QQuickImageProvider {
+public:
+    ShadowImageProvider() : QQuickImageProvider(QQuickImageProvider::Image) { }
+    QImage requestImage(const QString &id, QSize *size, const QSize &requestedSize) override;
+};

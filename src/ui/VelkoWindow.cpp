@@ -1,0 +1,116 @@
+#include "ui/VelkoWindow.h"
+
+#include "app/AppState.h"
+#include "app/Translator.h"
+#include "emulators/InstalledEmulators.h"
+#include "library/LibraryStore.h"
+#include "platform/Preferences.h"
+#include "ui/BackdropImageProvider.h"
+#include "ui/CoverImageProvider.h"
+#include "ui/FocusKeeper.h"
+#include "ui/FolderList.h"
+#include "ui/FrameImageProvider.h"
+#include "ui/GlowImageProvider.h"
+#include "ui/HomeFacts.h"
+#include "ui/IconImageProvider.h"
+#include "ui/InputMode.h"
+#include "ui/LibraryAlerts.h"
+#include "ui/Notices.h"
+#include "ui/QmlTypes.h"
+#include "ui/Renderer.h"
+#include "ui/ShadowImageProvider.h"
+
+#include <QQmlEngine>
+#include <QQuickView>
+
+using namespace Qt::StringLiterals;
+
+void qml_register_types_Velko(); // generated; called so that the linker keeps it
+
+static QUrl page(const QString &name)
+{
+    return QUrl(u"qrc:/qt/qml/Velko/qml/"_s + name);
+}
+
+struct VelkoWindow::Content {
+    explicit Content(const WindowParts &given)
+        : parts(given), sources{given.library, given.emulators, given.preferences, given.translator,
+                                given.clock,   given.tasks,     given.places.host},
+          home(sources), openGame(sources), alerts(given.library, given.translator), notices(given.clock),
+          folders(given.places, given.tasks, given.translator)
+    { }
+
+    WindowParts parts;
+    GameFacts::Sources sources;
+    HomeFacts home;
+    GameFacts openGame; ///< the game whose page is open
+    LibraryAlerts alerts;
+    Notices notices;
+    FolderList folders;
+    QQuickView view;
+    FocusKeeper keeper{&view};
+    InputMode input{&view};
+};
+
+/// The renderer is chosen before the first window is made.
+static WindowParts withRenderer(const WindowParts &parts)
+{
+    chooseRenderer();
+    qml_register_types_Velko();
+    return parts;
+}
+
+VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content>(withRenderer(parts)))
+{
+    QQmlEngine *engine = m_content->view.engine();
+    engine->addImportPath(u":/qt/qml"_s); // Qt 6.4 does not look there by itself
+    engine->setProperty(TranslatorForQml::property, QVariant::fromValue(&parts.translator));
+    engine->addImageProvider(u"icon"_s, new IconImageProvider);
+    engine->addImageProvider(u"glow"_s, new GlowImageProvider);
+    engine->addImageProvider(u"shadow"_s, new ShadowImageProvider);
+    engine->addImageProvider(u"frame"_s, new FrameImageProvider);
+    engine->addImageProvider(u"backdrop"_s, new BackdropImageProvider);
+    engine->addImageProvider(u"cover"_s, new CoverImageProvider(parts.library, parts.tasks, parts.places.host));
+}
+
+VelkoWindow::~VelkoWindow()
+{
+    m_content->view.setSource({}); // the pages go before what they are bound to
+}
+
+bool VelkoWindow::load()
+{
+    Content &content = *m_content;
+    QQuickView &view = content.view;
+    view.setTitle(u"Velko"_s);
+    view.setColor(QColor(0x0c, 0x0e, 0x14));
+    view.setMinimumSize({720, 480});
+    view.resize(1440, 900);
+    view.setResizeMode(QQuickView::SizeRootObjectToView);
+    view.setInitialProperties({{u"app"_s, QVariant::fromValue(&content.parts.app)},
+                               {u"library"_s, QVariant::fromValue(&content.parts.library)},
+                               {u"emulators"_s, QVariant::fromValue(&content.parts.emulators)},
+                               {u"preferences"_s, QVariant::fromValue(&content.parts.preferences)},
+                               {u"keeper"_s, QVariant::fromValue(&content.keeper)},
+                               {u"input"_s, QVariant::fromValue(&content.input)},
+                               {u"home"_s, QVariant::fromValue(&content.home)},
+                               {u"openGame"_s, QVariant::fromValue(&content.openGame)},
+                               {u"alerts"_s, QVariant::fromValue(&content.alerts)},
+                               {u"notices"_s, QVariant::fromValue(&content.notices)},
+                               {u"folders"_s, QVariant::fromValue(&content.folders)}});
+    view.setSource(page(u"Main.qml"_s));
+    return view.status() == QQuickView::Ready;
+}
+
+QQuickWindow *VelkoWindow::window()
+{
+    return &m_content->view;
+}
+
+void VelkoWindow::raise()
+{
+    QQuickView &view = m_content->view;
+    view.show();
+    view.raise();
+    view.requestActivate();
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+
+class AppState;
+class Clock;
+class InstalledEmulators;
+class LibraryStore;
+class Preferences;
+class QQuickWindow;
+class Tasks;
+class Translator;
+struct Places;
+
+/// What the window shows and acts on. All of it outlives the window.
+struct WindowParts {
+    AppState &app;
+    LibraryStore &library;
+    InstalledEmulators &emulators;
+    Preferences &preferences;
+    Translator &translator;
+    Clock &clock;
+    Tasks &tasks;
+    const Places &places;
+};
+
+/// The main window.
+class VelkoWindow {
+public:
+    explicit VelkoWindow(WindowParts parts);
+    ~VelkoWindow();
+
+    bool load(); ///< false when the interface is damaged; shows nothing by itself
+    QQuickWindow *window();
+    void raise(); ///< shows it, in front of other windows
+
+private:
+    struct Content;
+    std::unique_ptr<Content> m_content;
+};

@@ -1,0 +1,99 @@
+import QtQuick
+import Velko
+
+/// The main window's content: the top bar, the pages below it, and what lies above them.
+FocusScope {
+    id: root
+    required property AppState app
+    required property LibraryStore library
+    required property InstalledEmulators emulators
+    required property Preferences preferences
+    required property FocusKeeper keeper
+    required property InputMode input
+    required property HomeFacts home
+    required property GameFacts openGame
+    required property LibraryAlerts alerts
+    required property Notices notices
+    required property FolderList folders
+    readonly property bool modal: overlays.busy
+
+    focus: true
+    Keys.onUpPressed: root.keeper.move(Qt.Key_Up)
+    Keys.onDownPressed: root.keeper.move(Qt.Key_Down)
+    Keys.onLeftPressed: root.keeper.move(Qt.Key_Left)
+    Keys.onRightPressed: root.keeper.move(Qt.Key_Right)
+
+    Binding { target: Theme; property: "windowWidth"; value: root.width }
+    Binding { target: Theme; property: "windowHeight"; value: root.height }
+    Binding { target: Theme; property: "inputMode"; value: root.input.name }
+    Binding { target: Theme; property: "effects"; value: root.GraphicsInfo.api !== GraphicsInfo.Software }
+    Binding { target: Theme; property: "wholeScale"; value: Screen.devicePixelRatio % 1 === 0 }
+    Binding { target: root.openGame; property: "gameID"; value: root.app.detailGame }
+    Binding { target: root.home; property: "active"; value: root.app.tab === "home" }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.bg
+    }
+    Glow {
+        x: -root.width * 0.16
+        y: -root.height * 0.42
+        width: root.width * 0.9
+        height: root.height
+        strength: 0.13
+    }
+    FocusScope {
+        id: surface
+        anchors.fill: parent
+        enabled: !root.modal
+        focus: !root.modal
+        Pages {
+            anchors.fill: parent
+            anchors.topMargin: bar.height
+            focus: true
+            app: root.app
+            library: root.library
+            emulators: root.emulators
+            preferences: root.preferences
+            keeper: root.keeper
+            home: root.home
+            openGame: root.openGame
+            alerts: root.alerts
+            onFolderWanted: overlays.show("folder")
+            onRemovalWanted: overlays.show("remove")
+            onRenameWanted: overlays.show("rename")
+        }
+        TopBar {
+            id: bar
+            width: parent.width
+            app: root.app
+            onMenuWanted: overlays.show("menu")
+            onBigPictureWanted: root.notices.show(Tr.translate("Big Picture is not in this version of Velko yet."), "info")
+        }
+        Shortcuts { app: root.app }
+    }
+    FileDrop {
+        anchors.fill: parent
+        enabled: !root.modal
+        library: root.library
+        notices: root.notices
+    }
+    Overlays {
+        id: overlays
+        anchors.fill: parent
+        focus: root.modal
+        app: root.app
+        library: root.library
+        openGame: root.openGame
+        alerts: root.alerts
+        notices: root.notices
+        folders: root.folders
+    }
+    Notice {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: root.height - height - 32
+        text: root.notices.text
+        icon: root.notices.icon
+        kind: root.notices.kind
+    }
+}

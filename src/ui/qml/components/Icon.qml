@@ -1,0 +1,16 @@
+import QtQuick
+import QtQuick.Window
+import Velko
+
+/// A line drawing of icons/, by its file name.
+Image {
+    id: root
+    property string name
+    property real size: 20
+    property color color: Theme.t1
+
+    width: size
+    height: size
+    sourceSize: Qt.size(size * Screen.devicePixelRatio, size * Screen.devicePixelRatio)
+    source: name === "" ? "" : "image://icon/" + name + "/" + String(color).substring(1)
+}

@@ -1,0 +1,55 @@
+import QtQuick
+import Velko
+
+/// Covers of different shapes standing on one line, with their captions below. `model` has the roles of ShelfModel.
+/// Left and right move along the shelf, the confirm key opens.
+FocusScope {
+    id: root
+    required property var model
+    property string name ///< spoken by screen readers
+    property real coverWidth: 192
+    property real gap: 32
+    readonly property real shelfHeight: coverWidth * 4 / 3
+    signal opened(string gameID)
+
+    implicitHeight: shelfHeight + 66
+
+    ShelfLine {
+        x: -40
+        y: root.shelfHeight
+        width: root.width + 80
+    }
+    ListView {
+        id: list
+        anchors.fill: parent
+        focus: true
+        activeFocusOnTab: true
+        orientation: ListView.Horizontal
+        spacing: root.gap
+        model: root.model
+        boundsBehavior: Flickable.StopAtBounds
+        reuseItems: true
+        cacheBuffer: Math.max(0, root.width)
+        highlightFollowsCurrentItem: false
+        preferredHighlightBegin: 0
+        preferredHighlightEnd: width - root.coverWidth
+        highlightRangeMode: ListView.NoHighlightRange
+        highlightMoveDuration: Theme.scroll
+        readonly property bool lit: activeFocus && Theme.inputMode !== "pointer"
+        onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Contain)
+        Accessible.role: Accessible.List
+        Accessible.name: root.name
+        Keys.onReturnPressed: event => { if (!event.isAutoRepeat && currentItem) root.opened((currentItem as ShelfCover).gameID) }
+        Keys.onEnterPressed: event => { if (!event.isAutoRepeat && currentItem) root.opened((currentItem as ShelfCover).gameID) }
+        delegate: ShelfCover {
+            coverWidth: root.coverWidth
+            shelfHeight: root.shelfHeight
+            lit: ListView.isCurrentItem && list.lit
+            onActivated: {
+                list.currentIndex = index
+                list.forceActiveFocus(Qt.MouseFocusReason)
+                root.opened(gameID)
+            }
+        }
+    }
+}

@@ -1,0 +1,116 @@
+import QtQuick
+import Velko
+
+/// Chooses a folder of games: places at the left, the folders of the open one at the right.
+Sheet {
+    id: root
+    required property FolderList folders
+    signal chosen(string path)
+
+    title: Tr.translate("Add a folder of games")
+    panelWidth: 920
+    panelHeight: 660
+    Component.onCompleted: root.folders.open("")
+
+    Row {
+        width: root.body.width
+        height: root.body.height - 76
+        spacing: 24
+        ListView {
+            id: placeList
+            width: 220
+            height: parent.height
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            model: root.folders.places
+            delegate: ListRow {
+                required property var modelData
+                width: placeList.width
+                text: modelData.name
+                icon: modelData.icon
+                selected: root.folders.folder === modelData.path
+                onActivated: root.folders.open(modelData.path)
+            }
+        }
+        Column {
+            width: parent.width - 244
+            spacing: 10
+            Row {
+                width: parent.width
+                spacing: 8
+                TextButton {
+                    icon: "up"
+                    size: 40
+                    kind: "ghost"
+                    name: Tr.translate("Up one folder")
+                    available: root.folders.parentFolder !== ""
+                    onActivated: root.folders.open(root.folders.parentFolder)
+                }
+                Label {
+                    height: 40
+                    width: parent.width - 48
+                    verticalAlignment: Text.AlignVCenter
+                    text: root.folders.folderName
+                    elide: Text.ElideLeft
+                    font.weight: 600
+                }
+            }
+            Rectangle {
+                width: parent.width
+                height: root.body.height - 126
+                radius: 14
+                color: Theme.sunken
+                Label {
+                    anchors.centerIn: parent
+                    width: parent.width - 48
+                    horizontalAlignment: Text.AlignHCenter
+                    text: root.folders.emptyText
+                    color: Theme.t2
+                    wrapMode: Text.Wrap
+                }
+                ListView {
+                    id: list
+                    readonly property bool lit: activeFocus && Theme.inputMode !== "pointer"
+                    anchors.fill: parent
+                    anchors.margins: 8
+                    clip: true
+                    focus: true
+                    activeFocusOnTab: count > 0
+                    boundsBehavior: Flickable.StopAtBounds
+                    reuseItems: true
+                    model: root.folders
+                    Accessible.role: Accessible.List
+                    Accessible.name: root.folders.folderName
+                    Keys.onReturnPressed: (currentItem as FolderRow)?.activated()
+                    Keys.onEnterPressed: (currentItem as FolderRow)?.activated()
+                    delegate: FolderRow {
+                        width: list.width
+                        marked: ListView.isCurrentItem && list.lit
+                        onActivated: root.folders.open(path)
+                    }
+                }
+                ScrollHandle { view: list }
+            }
+        }
+    }
+    Row {
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        spacing: 12
+        TextButton {
+            size: 52
+            textSize: 15.5
+            kind: "ghost"
+            text: Tr.translate("Cancel")
+            onActivated: root.closed()
+        }
+        TextButton {
+            size: 52
+            textSize: 15.5
+            kind: "primary"
+            text: Tr.translate("Add this folder")
+            available: root.folders.folder !== "/"
+            onActivated: root.chosen(root.folders.folder)
+        }
+    }
+}

@@ -1,0 +1,85 @@
+import QtQuick
+import Velko
+
+/// Everything about one game.
+ScrollPage {
+    id: root
+    required property AppState app
+    required property GameFacts game
+    readonly property int coverWidth: Theme.contentWidth >= 1500 ? 360 : Theme.contentWidth >= 1000 ? 264 : 200
+    readonly property int sideGap: Theme.contentWidth >= 1500 ? 64 : 40
+    signal removalWanted
+    signal renameWanted
+
+    contentHeight: Math.max(side.y + side.height, right.y + right.height) + 48
+    Keys.onEscapePressed: root.app.detailGame = ""
+    Keys.onBackPressed: root.app.detailGame = ""
+    Component.onCompleted: root.forceActiveFocus()
+
+    Item {
+        x: Theme.contentX
+        width: Theme.contentWidth
+
+        TextButton {
+            x: -16
+            y: 12
+            size: 40
+            kind: "ghost"
+            icon: "back"
+            text: Tr.translate("Back")
+            onActivated: root.app.detailGame = ""
+        }
+        GameSide {
+            id: side
+            y: 84
+            width: root.coverWidth
+            game: root.game
+        }
+        Column {
+            id: right
+            x: root.coverWidth + root.sideGap
+            y: Theme.contentWidth >= 1500 ? 126 : 92
+            width: parent.width - x
+
+            Row {
+                spacing: 12
+                Tag { text: root.game.consoleShort }
+                Tag {
+                    visible: root.game.emulator !== ""
+                    text: root.game.emulator
+                    dot: root.game.emulatorDot
+                }
+            }
+            Heading {
+                topPadding: 16
+                width: parent.width
+                text: root.game.title
+                size: Theme.contentWidth >= 1500 ? 68 : Theme.contentWidth >= 1000 ? 52 : 36
+                font.weight: 700
+                lineHeight: 1.04
+                wrapMode: Text.Wrap
+                maximumLineCount: 2
+            }
+            PlayedLine {
+                topPadding: 12
+                width: parent.width
+                game: root.game
+            }
+            Item {
+                width: parent.width
+                height: 30
+            }
+            PlayButtons {
+                width: parent.width
+                focus: true
+                game: root.game
+            }
+            GameTabs {
+                width: parent.width
+                game: root.game
+                onRemovalWanted: root.removalWanted()
+                onRenameWanted: root.renameWanted()
+            }
+        }
+    }
+}

@@ -1,0 +1,81 @@
+import QtQuick
+import Velko
+
+/// The four tabs of a game's page and what the chosen one shows.
+FocusScope {
+    id: root
+    required property GameFacts game
+    readonly property bool wide: width >= 960
+    readonly property int sideWidth: Math.min(448, width * 0.335)
+    signal removalWanted
+    signal renameWanted
+
+    height: 44 + 44 + 24 + Math.max(body.height, wide ? summary.height : body.height + 24 + summary.height)
+
+    Row {
+        id: tabs
+        x: -18
+        y: 44
+        spacing: 8
+        Accessible.role: Accessible.PageTabList
+        Accessible.name: root.game.title
+        Repeater {
+            model: [
+                { name: "play", title: "Play" }, { name: "controller", title: "Controller" },
+                { name: "stats", title: "Stats" }, { name: "info", title: "Info & files" }
+            ]
+            TabButton {
+                required property var modelData
+                text: Tr.translate(modelData.title)
+                current: root.game.pageTab === modelData.name
+                focus: current
+                onActivated: root.game.pageTab = modelData.name
+            }
+        }
+    }
+    Loader {
+        id: body
+        y: 112
+        width: root.wide ? root.width - root.sideWidth - 32 : root.width
+        sourceComponent: root.game.pageTab === "controller" ? controller : root.game.pageTab === "stats" ? stats
+            : root.game.pageTab === "info" ? info : play
+    }
+    PlaySummary {
+        id: summary
+        x: root.wide ? root.width - width : 0
+        y: root.wide ? 112 : 112 + body.height + 24
+        width: root.wide ? root.sideWidth : root.width
+        height: root.wide ? Math.max(350, body.height) : 300
+        game: root.game
+    }
+    Component {
+        id: play
+        PlayTab { game: root.game }
+    }
+    Component {
+        id: controller
+        Card {
+            implicitHeight: 92
+            Label {
+                x: 28
+                width: parent.width - 56
+                anchors.verticalCenter: parent.verticalCenter
+                text: Tr.translate("Setting up the controller from here comes with a later version. Until then, set it up once in the emulator.")
+                color: Theme.t2
+                wrapMode: Text.Wrap
+            }
+        }
+    }
+    Component {
+        id: stats
+        StatsTab { game: root.game }
+    }
+    Component {
+        id: info
+        InfoTab {
+            game: root.game
+            onRemovalWanted: root.removalWanted()
+            onRenameWanted: root.renameWanted()
+        }
+    }
+}

@@ -1,0 +1,58 @@
+import QtQuick
+import Velko
+
+/// The folders that games come from, and the way to add another.
+Card {
+    id: root
+    required property LibraryStore library
+    signal folderWanted
+
+    Row {
+        x: 24
+        y: 22
+        spacing: 12
+        Icon {
+            anchors.verticalCenter: parent.verticalCenter
+            name: "folder"
+            size: 21
+            color: Theme.t2
+        }
+        Label {
+            text: Tr.translate("Folders of games")
+            size: 17
+            font.weight: 600
+        }
+    }
+    Label {
+        x: 57
+        y: 54
+        width: parent.width - 81
+        text: root.library.romFolders.length === 0 ? Tr.translate("None yet") : root.library.romFolders.join("\n")
+        color: Theme.t2
+        size: 14.5
+        elide: Text.ElideMiddle
+        maximumLineCount: root.height >= 200 ? 3 : 1
+    }
+    Row {
+        x: 24
+        y: parent.height - height - 22
+        spacing: 10
+        TextButton {
+            size: 44
+            textSize: 14.5
+            icon: "plus"
+            text: Tr.translate("Add a folder")
+            onActivated: root.folderWanted()
+        }
+        TextButton {
+            size: 44
+            textSize: 14.5
+            kind: "ghost"
+            icon: "update"
+            text: Tr.translate("Look again")
+            visible: root.library.romFolders.length > 0
+            available: !root.library.scanning
+            onActivated: root.library.scan([])
+        }
+    }
+}

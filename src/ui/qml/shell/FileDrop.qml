@@ -1,0 +1,37 @@
+import QtQuick
+import Velko
+
+/// Files and folders dropped anywhere on the window are added to the library.
+DropArea {
+    id: root
+    required property LibraryStore library
+    required property Notices notices
+
+    keys: ["text/uri-list"]
+    onDropped: drop => drop.accept(Qt.CopyAction)
+
+    Rectangle {
+        anchors.fill: parent
+        visible: root.containsDrag
+        color: Theme.scrim
+        DashedFrame {
+            anchors.fill: parent
+            anchors.margins: 24
+            radius: 28
+            color: Theme.accent
+        }
+        Column {
+            anchors.centerIn: parent
+            spacing: 20
+            Icon {
+                anchors.horizontalCenter: parent.horizontalCenter
+                name: "drop"
+                size: 64
+            }
+            Heading {
+                text: Tr.translate("Drop folders of games to add them")
+                size: 34
+            }
+        }
+    }
+}

@@ -1,0 +1,130 @@
+import QtQuick
+import Velko
+
+/// The one sheet or dialogue that lies above the window: what must be answered comes before what was asked for.
+FocusScope {
+    id: root
+    required property AppState app
+    required property LibraryStore library
+    required property GameFacts openGame
+    required property LibraryAlerts alerts
+    required property Notices notices
+    required property FolderList folders
+    property string wanted ///< by the user: "menu", "about", "folder", "remove", "rename"; empty: none
+    readonly property string shown: alerts.missingText !== "" ? "missing" : alerts.setupText !== "" ? "setup"
+        : alerts.errorText !== "" ? "error" : app.report ? "report" : wanted
+    readonly property bool busy: shown !== ""
+
+    function show(name) { root.wanted = name }
+
+    Loader {
+        anchors.fill: parent
+        focus: true
+        active: root.busy
+        sourceComponent: root.shown === "missing" ? missing : root.shown === "setup" ? setup : root.shown === "error" ? error
+            : root.shown === "report" ? report : root.shown === "menu" ? menu : root.shown === "about" ? about
+            : root.shown === "folder" ? folder : root.shown === "remove" ? remove : root.shown === "rename" ? rename : null
+        onLoaded: item.forceActiveFocus()
+    }
+    Component {
+        id: missing
+        QuestionDialog {
+            title: Tr.translate("The game's file is gone")
+            text: root.alerts.missingText
+            actions: [
+                { name: "cancel", text: Tr.translate("Cancel"), kind: "primary" },
+                { name: "remove", text: Tr.translate("Remove from library") },
+                { name: "report", text: Tr.translate("Report this problem") }
+            ]
+            onAnswered: answer => {
+                if (answer === "remove") root.alerts.removeMissing()
+                else root.library.dismissMissingFile()
+                if (answer === "report") root.app.report = true
+            }
+        }
+    }
+    Component {
+        id: setup
+        QuestionDialog {
+            icon: "warning"
+            text: root.alerts.setupText
+            actions: [
+                { name: "essentials", text: Tr.translate("Essentials"), kind: "primary" },
+                { name: "cancel", text: Tr.translate("Cancel") }
+            ]
+            onAnswered: answer => {
+                root.alerts.dismissError()
+                if (answer === "essentials") root.app.tab = "essentials"
+            }
+        }
+    }
+    Component {
+        id: error
+        QuestionDialog {
+            icon: "warning"
+            text: root.alerts.errorText
+            actions: [{ name: "cancel", text: Tr.translate("Close"), kind: "primary" }]
+            onAnswered: root.alerts.dismissError()
+        }
+    }
+    Component {
+        id: report
+        QuestionDialog {
+            title: Tr.translate("Report a problem")
+            text: Tr.translate("No address for reports is set in this version of Velko, so nothing can be sent.")
+            actions: [{ name: "cancel", text: Tr.translate("Close"), kind: "primary" }]
+            onAnswered: root.app.report = false
+        }
+    }
+    Component {
+        id: menu
+        MainMenu {
+            app: root.app
+            notices: root.notices
+            onClosed: root.wanted = ""
+            onAboutWanted: root.wanted = "about"
+        }
+    }
+    Component {
+        id: about
+        QuestionDialog {
+            title: Tr.fill("About %@", ["Velko"])
+            text: Tr.fill("Version %@. A library for your games and the emulators that play them. Free software under the GNU General Public License, version 3 or later.", [Qt.application.version])
+            actions: [{ name: "cancel", text: Tr.translate("Close"), kind: "primary" }]
+            onAnswered: root.wanted = ""
+        }
+    }
+    Component {
+        id: folder
+        FolderPicker {
+            folders: root.folders
+            onClosed: root.wanted = ""
+            onChosen: path => {
+                root.wanted = ""
+                root.library.addFolder(path)
+            }
+        }
+    }
+    Component {
+        id: remove
+        QuestionDialog {
+            title: Tr.fill("Remove “%@” from the library?", [root.openGame.title])
+            text: Tr.translate("Its play time and settings are forgotten. The game's file stays where it is.")
+            actions: [
+                { name: "cancel", text: Tr.translate("Cancel"), kind: "primary" },
+                { name: "remove", text: Tr.translate("Remove from library") }
+            ]
+            onAnswered: answer => {
+                root.wanted = ""
+                if (answer === "remove") root.openGame.remove()
+            }
+        }
+    }
+    Component {
+        id: rename
+        RenameDialog {
+            game: root.openGame
+            onClosed: root.wanted = ""
+        }
+    }
+}

@@ -1,0 +1,35 @@
+import QtQuick
+import Velko
+
+/// The keys that lead to a tab from everywhere.
+Item {
+    id: root
+    required property AppState app
+    readonly property var tabs: ["home", "games", "consoles", "essentials", "profile", "social"]
+    readonly property int current: tabs.indexOf(app.tab)
+
+    Repeater {
+        model: root.tabs
+        Item {
+            id: one
+            required property int index
+            required property string modelData
+            Shortcut {
+                sequence: "Ctrl+" + (one.index + 1)
+                onActivated: root.app.tab = one.modelData
+            }
+        }
+    }
+    Shortcut {
+        sequence: "Ctrl+PgUp"
+        onActivated: root.app.tab = root.tabs[Math.max(0, root.current - 1)]
+    }
+    Shortcut {
+        sequence: "Ctrl+PgDown"
+        onActivated: root.app.tab = root.tabs[Math.min(root.tabs.length - 1, root.current + 1)]
+    }
+    Shortcut {
+        sequence: "Ctrl+Q"
+        onActivated: Qt.quit()
+    }
+}

@@ -1,0 +1,81 @@
+import QtQuick
+import Velko
+
+/// Name, tabs, Big Picture and the menu.
+FocusScope {
+    id: root
+    required property AppState app
+    readonly property bool narrow: width < 1180
+    signal menuWanted
+    signal bigPictureWanted
+
+    height: 80
+
+    Row {
+        x: root.narrow ? 28 : 40
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 12
+        Image {
+            anchors.verticalCenter: parent.verticalCenter
+            width: 30
+            height: 30
+            sourceSize: Qt.size(60, 60)
+            source: "image://icon/velko-mark"
+        }
+        Heading {
+            visible: root.width >= 1000
+            anchors.verticalCenter: parent.verticalCenter
+            text: "Velko"
+            size: 21
+        }
+    }
+    Row {
+        x: root.narrow ? 28 + (root.width >= 1000 ? 128 : 48) : (root.width - width) / 2
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: root.narrow ? 0 : 8
+        Accessible.role: Accessible.PageTabList
+        Accessible.name: Tr.translate("Sections")
+        Repeater {
+            model: [
+                { name: "home", title: "Home" }, { name: "games", title: "Games" }, { name: "consoles", title: "Consoles" },
+                { name: "essentials", title: "Essentials" }, { name: "profile", title: "Profile" }, { name: "social", title: "Social" }
+            ]
+            TabButton {
+                required property var modelData
+                text: Tr.translate(modelData.title)
+                current: root.app.tab === modelData.name
+                focus: current
+                padding: root.narrow ? 12 : 18
+                onActivated: {
+                    root.app.tab = modelData.name
+                    root.app.detailGame = ""
+                    root.app.selectedConsole = ""
+                }
+            }
+        }
+    }
+    Row {
+        anchors.right: parent.right
+        anchors.rightMargin: root.narrow ? 20 : 40
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 10
+        TextButton {
+            text: root.narrow ? "" : Tr.translate("Big Picture")
+            name: Tr.translate("Big Picture")
+            icon: "bigpicture"
+            kind: root.narrow ? "ghost" : "plain"
+            round: true
+            size: 44
+            textSize: 15
+            onActivated: root.bigPictureWanted()
+        }
+        TextButton {
+            icon: "settings"
+            name: Tr.translate("Menu")
+            kind: "ghost"
+            round: true
+            size: 44
+            onActivated: root.menuWanted()
+        }
+    }
+}
