@@ -82,6 +82,10 @@ void prepareLinux(LaunchPlan &plan, const LaunchRequest &request, const Installe
     if (id == "retroarch"_L1) {
         plan.configFile = facts.retroArchConfig;
         plan.configText = retroArchConfig(request.settings);
+        if (facts.stateExists) {
+            plan.stateToCopy = request.statePath.value_or(QString());
+            plan.stateCopy = retroArchEntryState(plan.stateToCopy);
+        }
     }
 }
 

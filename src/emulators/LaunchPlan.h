@@ -37,6 +37,8 @@ struct LaunchPlan {
     QStringList programsToEnd; ///< running programs of these names are asked to quit, and have ended
     QString configFile; ///< written anew with `configText`; empty: none
     QByteArray configText;
+    QString stateToCopy; ///< copied to `stateCopy`, from which the emulator resumes; empty: none
+    QString stateCopy;
     QString preferenceDomain; ///< mac: of another application, in which these keys become 1
     QStringList preferenceKeys;
 

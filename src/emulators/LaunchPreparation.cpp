@@ -66,12 +66,18 @@ static Result<LaunchPlan> planOf(const Console &console, const LaunchInput &inpu
     return planEmulator(input.request, emulator, facts);
 }
 
-static void writeConfig(const LaunchPlan &plan)
+static void writeFile(const QString &path, const QByteArray &content)
 {
-    if (plan.configFile.isEmpty()) return;
-    QDir().mkpath(QFileInfo(plan.configFile).path());
-    QSaveFile file(plan.configFile);
-    if (file.open(QSaveFile::WriteOnly) && file.write(plan.configText) == plan.configText.size()) file.commit();
+    QDir().mkpath(QFileInfo(path).path());
+    QSaveFile file(path);
+    if (file.open(QSaveFile::WriteOnly) && file.write(content) == content.size()) file.commit();
+}
+
+static void writeFiles(const LaunchPlan &plan)
+{
+    if (!plan.configFile.isEmpty()) writeFile(plan.configFile, plan.configText);
+    QFile state(plan.stateToCopy);
+    if (!plan.stateToCopy.isEmpty() && state.open(QFile::ReadOnly)) writeFile(plan.stateCopy, state.readAll());
 }
 
 static QList<qint64> runningNow(const QStringList &programs, const ProcessControl &processes)
@@ -96,7 +102,7 @@ Result<PreparedLaunch> prepareLaunch(const LaunchInput &input, const Places &pla
     }
     const auto plan = planOf(*console, input, places, finder);
     if (!plan) return plan.failure();
-    writeConfig(plan.value());
+    writeFiles(plan.value());
     return PreparedLaunch{plan.value(), newSessionLog(places.logFolder(), plan.value().engine, input.now),
                           runningNow(plan.value().programsToEnd, processes)};
 }

@@ -25,3 +25,11 @@ int retroArchEntrySlot(const QString &statePath)
     static const QRegularExpression slot(u"\\.state(\\d{1,3})$"_s);
     return std::max(1, slot.match(statePath).captured(1).toInt());
 }
+
+QString retroArchEntryState(const QString &statePath)
+{
+    static const QRegularExpression ending(u"\\.state\\d*$"_s);
+    QString base = statePath;
+    base.remove(ending);
+    return base + u".state"_s + QString::number(retroArchEntrySlot(statePath)) + u".entry"_s;
+}

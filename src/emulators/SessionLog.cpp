@@ -21,5 +21,8 @@ QString newSessionLog(const QString &logFolder, const QString &engine, const QDa
     QString log = name + u".log"_s;
     for (int number = 2; QFile::exists(log); ++number)
         log = name + u' ' + QString::number(number) + u".log"_s;
+    // Reserves the name: programs write late, and another may start in the same second.
+    QFile file(log);
+    if (!file.open(QFile::NewOnly)) return {};
     return log;
 }

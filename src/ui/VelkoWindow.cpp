@@ -99,8 +99,7 @@ bool VelkoWindow::load()
                                {u"openGame"_s, QVariant::fromValue(&content.openGame)},
                                {u"alerts"_s, QVariant::fromValue(&content.alerts)},
                                {u"notices"_s, QVariant::fromValue(&content.notices)},
-                               {u"folders"_s, QVariant::fromValue(&content.folders)},
-                               {u"lists"_s, QVariant::fromValue(&content.lists)}});
+                               {u"folders"_s, QVariant::fromValue(&content.folders)}});
     view.setSource(page(u"Main.qml"_s));
     return view.status() == QQuickView::Ready;
 }

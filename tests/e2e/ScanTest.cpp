@@ -19,6 +19,16 @@ static void touch(const QString &folder, const QByteArray &name)
     close(file);
 }
 
+/// A file whose name is not text. Qt's temporary folder cannot remove it, so it goes with this object.
+struct BrokenName {
+    QByteArray path;
+    explicit BrokenName(const QString &folder) : path(QFile::encodeName(folder) + "/broken \xff\xfe name.gba")
+    {
+        touch(folder, "broken \xff\xfe name.gba");
+    }
+    ~BrokenName() { unlink(path.constData()); }
+};
+
 /// Names that trip up programs which hand paths to a shell, to printf or to a terminal, without their extension.
 static QByteArrayList awkwardNames()
 {
@@ -56,8 +66,6 @@ TEST(Scan, findsHundredsOfFilesUnderAnyName)
             expected.insert(folder + u'/' + file, QString::fromLatin1(shelf.console));
     }
     touch(games, "no console.txt");
-    touch(games, "unsettled.iso");
-    touch(games + u"/mixed"_s, "broken \xff\xfe name.gba");
     touch(games + u"/mixed"_s, ".hidden.gba");
     ASSERT_TRUE(QFile::link(games, games + u"/mixed/loop"_s));
     QDir().mkpath(games + u"/a folder.gba"_s);
@@ -65,7 +73,7 @@ TEST(Scan, findsHundredsOfFilesUnderAnyName)
     Program scan(display, {u"scan"_s, games});
     ASSERT_TRUE(scan.ends(20s));
     EXPECT_EQ(scan.status(), 0) << scan.errors().constData();
-    EXPECT_FALSE(scan.output().trimmed().isEmpty());
+    EXPECT_TRUE(scan.output().contains(QByteArray::number(expected.size()))) << scan.output().constData();
 
     Program list(display, {u"list"_s, u"--json"_s});
     ASSERT_TRUE(list.ends(10s));
@@ -75,7 +83,6 @@ TEST(Scan, findsHundredsOfFilesUnderAnyName)
     QMap<QString, QString> found;
     for (const QJsonValue game : *listed)
         found.insert(game[u"path"].toString(), game[u"consoleID"].toString());
-    found.removeIf([](const auto &game) { return game.key().contains(u"/broken "_s); }); // may be skipped
     EXPECT_GT(expected.size(), 280);
     for (auto [path, console] : expected.asKeyValueRange())
         EXPECT_EQ(found.value(path).toStdString(), console.toStdString()) << qPrintable(path);
@@ -83,10 +90,12 @@ TEST(Scan, findsHundredsOfFilesUnderAnyName)
     EXPECT_EQ(libraryOf(display), listed);
     EXPECT_FALSE(QFile::exists(display.home() + u"/pwned"_s));
 
+    const BrokenName broken(games + u"/mixed"_s);
     Program again(display, {u"scan"_s, games});
     ASSERT_TRUE(again.ends(20s));
-    ASSERT_TRUE(libraryOf(display));
-    EXPECT_EQ(libraryOf(display)->size(), listed->size());
+    EXPECT_EQ(again.status(), 0) << again.errors().constData();
+    EXPECT_TRUE(again.output().contains("/mixed/broken ")) << again.output().constData(); // left out, and said so
+    EXPECT_EQ(libraryOf(display), listed);
 }
 
 struct UsageRow {

@@ -153,6 +153,13 @@ TEST_F(Launcher, writesRetroArchsSettingsBeforeItStarts)
     EXPECT_EQ(lastStart().command.sliced(1, 5), (QStringList{u"-f"_s, u"-L"_s, core, u"--appendconfig"_s, config}));
     EXPECT_TRUE(home.read(u".local/share/VelkoEmu/retroarch.cfg"_s).contains("fps_show = \"true\""));
 
+    statePath = home.write(u"states/game.state2"_s, "the state");
+    launch(u"nes"_s, home.write(u"game.nes"_s));
+    tasks.finish();
+    EXPECT_TRUE(lastStart().command.join(u' ').contains(u" -e 2 "_s));
+    EXPECT_EQ(home.read(u"states/game.state2.entry"_s), "the state");
+    EXPECT_EQ(home.read(u"states/game.state2"_s), "the state");
+
     launch(u"snes"_s, home.write(u"game.sfc"_s));
     tasks.finish();
     EXPECT_TRUE(english(answers.last().failure()).startsWith(u"RetroArch has no core for Super Nintendo yet."_s));

@@ -205,12 +205,14 @@ TEST_F(Checks, sessionLogsAreKeptInNumber)
     }
     home.write(u"logs/sessions/notes.txt"_s);
     newSessionLog(folder, u"mgba"_s, start);
-    EXPECT_EQ(QDir(folder + u"/sessions"_s).entryList({u"*.log"_s}).size(), 19);
-    EXPECT_FALSE(QFile::exists(folder + u"/sessions/mgba-5.log"_s));
-    EXPECT_TRUE(QFile::exists(folder + u"/sessions/mgba-6.log"_s));
+    EXPECT_EQ(QDir(folder + u"/sessions"_s).entryList({u"*.log"_s}).size(), 20);
+    EXPECT_FALSE(QFile::exists(folder + u"/sessions/mgba-6.log"_s));
+    EXPECT_TRUE(QFile::exists(folder + u"/sessions/mgba-7.log"_s));
     EXPECT_TRUE(QFile::exists(folder + u"/sessions/notes.txt"_s));
 
-    const QString first = newSessionLog(folder, u"mgba"_s, start);
-    home.write(u"logs/sessions/mgba-2026-03-14 20.00.00.log"_s);
-    EXPECT_NE(newSessionLog(folder, u"mgba"_s, start), first) << "two in the same second";
+    const QString first = newSessionLog(folder, u"pcsx2"_s, start);
+    EXPECT_TRUE(QFile::exists(first));
+    EXPECT_EQ(newSessionLog(folder, u"pcsx2"_s, start), folder + u"/sessions/pcsx2-2026-03-14 20.00.00 2.log"_s);
+    home.write(u"file"_s);
+    EXPECT_EQ(newSessionLog(home.path() + u"/file"_s, u"mgba"_s, start), QString());
 }

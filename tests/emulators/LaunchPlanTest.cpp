@@ -366,6 +366,13 @@ TEST(RetroArchConfig, saysOnlyWhatTheGameAsksFor)
     EXPECT_TRUE(retroArchConfig(settings).contains("fps_show = \"true\"\n"));
 }
 
+TEST(RetroArchConfig, resumesFromTheEntryBesideTheState)
+{
+    EXPECT_EQ(retroArchEntryState(u"/s/a.state.b/game.state3"_s), u"/s/a.state.b/game.state3.entry"_s);
+    EXPECT_EQ(retroArchEntryState(u"/s/game.state"_s), u"/s/game.state1.entry"_s);
+    EXPECT_EQ(retroArchEntryState(u"/s/odd"_s), u"/s/odd.state1.entry"_s);
+}
+
 TEST(RetroArchConfig, entrySlotIsInTheName)
 {
     EXPECT_EQ(retroArchEntrySlot(u"/s/game.state1"_s), 1);

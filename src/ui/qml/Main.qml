@@ -14,7 +14,6 @@ FocusScope {
     required property LibraryAlerts alerts
     required property Notices notices
     required property FolderList folders
-    required property LibraryLists lists
     readonly property bool modal: overlays.busy
 
     focus: true
@@ -58,7 +57,6 @@ FocusScope {
             home: root.home
             openGame: root.openGame
             alerts: root.alerts
-            lists: root.lists
             onFolderWanted: overlays.show("folder")
             onRemovalWanted: overlays.show("remove")
             onRenameWanted: overlays.show("rename")

@@ -11,7 +11,6 @@ FocusScope {
     required property HomeFacts home
     required property GameFacts openGame
     required property LibraryAlerts alerts
-    required property LibraryLists lists
     readonly property bool gameShown: app.detailGame !== "" && openGame.exists
     signal folderWanted
     signal removalWanted
