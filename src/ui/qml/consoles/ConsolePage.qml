@@ -39,7 +39,7 @@ FocusScope {
             id: head
             x: Theme.contentX
             y: grid.originY - grid.contentY
-            width: grid.room
+            width: grid.linesWidth
             focus: grid.count === 0
             lists: root.lists
             onBackWanted: root.app.selectedConsole = ""
@@ -124,6 +124,6 @@ FocusScope {
             corner: head.orderButton.mapToItem(root, head.orderButton.width, head.orderButton.height + 8)
             onClosed: root.sorting = false
         }
-        onLoaded: item.forceActiveFocus()
+        onLoaded: (item as Item).forceActiveFocus()
     }
 }

@@ -15,6 +15,7 @@ GridView {
     readonly property int coverWidth: Math.max(96, Math.floor((room - (columns - 1) * 29) / columns / 12) * 12)
     readonly property real gap: Math.floor((room - columns * coverWidth) / (columns - 1))
     readonly property real shelf: coverWidth * 4 / 3
+    readonly property real linesWidth: columns * coverWidth + (columns - 1) * gap ///< what the covers take up
     readonly property bool lit: activeFocus && Theme.inputMode !== "pointer"
     readonly property int firstLine: Math.max(0, Math.floor((contentY - originY - topSpace) / cellHeight))
     signal arrived(string gameID) ///< the focus

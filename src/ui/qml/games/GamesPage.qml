@@ -54,7 +54,7 @@ FocusScope {
             }
             Row {
                 id: buttons
-                anchors.right: parent.right
+                x: grid.linesWidth - width
                 y: 8
                 spacing: 12
                 TextButton {
@@ -121,6 +121,6 @@ FocusScope {
             corner: order.mapToItem(root, order.width, order.height + 8)
             onClosed: root.sorting = false
         }
-        onLoaded: item.forceActiveFocus()
+        onLoaded: (item as Item).forceActiveFocus()
     }
 }
