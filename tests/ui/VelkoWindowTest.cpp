@@ -101,6 +101,18 @@ TEST(VelkoWindow, neverLosesTheFocus)
     EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
 }
 
+TEST(VelkoWindow, shelvesShowTheCoverThatHasTheFocus)
+{
+    WindowHouse house(24);
+    ASSERT_TRUE(house.show());
+    for (int shelf = 0; shelf < 2; ++shelf) {
+        house.press(Qt::Key_Down);
+        EXPECT_FALSE(house.focusedGame().isEmpty()) << "shelf " << shelf;
+    }
+    house.press(Qt::Key_Return);
+    EXPECT_FALSE(house.state.property("detailGame").toString().isEmpty());
+}
+
 TEST(VelkoWindow, comesBackToTheCoverThatOpenedAPage)
 {
     WindowHouse house(24);

@@ -22,6 +22,7 @@ GridView {
     signal opened(string gameID)
     signal favoriteToggled(string gameID)
     signal typed(string text)
+    property Item above ///< what up from the first line leads to
 
     clip: true
     model: games
@@ -77,6 +78,7 @@ GridView {
         onOpened: root.opened(root.games.gameAt(root.currentIndex))
         onFavoriteToggled: root.favoriteToggled(root.games.gameAt(root.currentIndex))
         onTyped: text => root.typed(text)
+        onUpOut: if (root.above) root.above.forceActiveFocus(Qt.TabFocusReason)
     }
     Item {
         parent: root.contentItem

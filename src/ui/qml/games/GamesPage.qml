@@ -83,8 +83,9 @@ FocusScope {
                 y: 60
                 width: parent.width + edge + trailing
                 height: parent.height - y
-                focus: true
+                focus: count > 0
                 games: root.games
+                above: order
                 remembered: root.lists.currentGame
                 onArrived: gameID => root.lists.currentGame = gameID
                 onOpened: gameID => root.app.detailGame = gameID
@@ -99,6 +100,7 @@ FocusScope {
             }
             EmptyState {
                 visible: root.games.count === 0
+                focus: visible
                 anchors.horizontalCenter: parent.horizontalCenter
                 y: Math.max(80, (parent.height - height) * 0.4)
                 width: Math.min(760, parent.width)
