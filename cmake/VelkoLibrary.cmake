@@ -5,6 +5,7 @@ function(velko_library name)
     add_library(velko_${name} STATIC ${sources})
     target_include_directories(velko_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(velko_${name} PUBLIC ${ARGN})
+    qt6_extract_metatypes(velko_${name}) # what qmllint knows of types that QML names
 endfunction()
 
 # velko_test(NAME LIBS...): the folder that calls it becomes one GoogleTest program, test_NAME, and one CTest entry.

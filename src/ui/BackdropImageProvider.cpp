@@ -36,6 +36,15 @@ QImage BackdropImageProvider::requestImage(const QString &id, QSize *size, const
         painter.setBrush(withAlpha(colour.lighter(135), 0.2));
         painter.drawEllipse(QPointF(width * 0.985, height), height * reach, height * reach);
     }
+    if (id.endsWith(u"/fading")) {
+        QLinearGradient fade(0, 0, 0, height);
+        fade.setColorAt(0, withAlpha(Qt::black, 0.15));
+        fade.setColorAt(0.3, withAlpha(Qt::black, 0.55));
+        fade.setColorAt(0.55, withAlpha(Qt::black, 0.5));
+        fade.setColorAt(1, withAlpha(Qt::black, 0));
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+        painter.fillRect(image.rect(), fade);
+    }
     painter.end();
     *size = image.size();
     return image;

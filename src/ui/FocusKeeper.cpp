@@ -12,6 +12,14 @@ static QRectF placeInWindow(QQuickItem *item)
     return item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
 }
 
+/// The control that the focused item is or belongs to: a list gives the focus on to its current row.
+static QQuickItem *controlOf(QQuickItem *item)
+{
+    while (item && !item->activeFocusOnTab())
+        item = item->parentItem();
+    return item;
+}
+
 static void collectControls(QQuickItem *item, QList<QQuickItem *> &controls)
 {
     if (!item->isVisible() || !item->isEnabled()) return;
@@ -51,8 +59,8 @@ void FocusKeeper::check()
     m_checking = false;
     if (!m_window) return;
     QQuickItem *item = m_window->activeFocusItem();
-    if (item && item->activeFocusOnTab()) {
-        m_last = placeInWindow(item);
+    if (QQuickItem *control = controlOf(item)) {
+        m_last = placeInWindow(control);
         return;
     }
     auto controls = item ? controlsOf(item) : QList<QQuickItem *>();
@@ -62,7 +70,7 @@ void FocusKeeper::check()
 
 bool FocusKeeper::move(int key)
 {
-    QQuickItem *item = m_window ? m_window->activeFocusItem() : nullptr;
+    QQuickItem *item = m_window ? controlOf(m_window->activeFocusItem()) : nullptr;
     if (!item) return false;
     auto controls = controlsOf(m_window->contentItem());
     controls.removeOne(item);

@@ -24,9 +24,9 @@ static std::optional<double> distance(const QRectF &from, const QRectF &to)
     if (to.center().x() <= from.center().x() || to.right() <= from.right()) return {};
     const double ahead = qMax(0.0, to.left() - from.right());
     const double aside = qMax(0.0, qMax(to.top() - from.bottom(), from.top() - to.bottom()));
-    const double offCentre = qAbs(to.center().y() - from.center().y());
+    const double offset = qMin(qAbs(to.center().y() - from.center().y()), qAbs(to.top() - from.top()));
     // What lies beside is far: the next row's nearest end comes before the same row's other page.
-    return aside > 0 ? 1e6 + ahead + 4 * aside : ahead + offCentre / 1000;
+    return aside > 0 ? 1e6 + ahead + 4 * aside : ahead + offset / 1000;
 }
 
 std::optional<int> nextInDirection(const QRectF &from, const QList<QRectF> &others, Direction direction)

@@ -80,7 +80,7 @@ FolderList::Listing FolderList::read(const QString &folder, const Places &places
     const QDir directory(folder);
     Listing listing{directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot), directory.isReadable(),
                     folderPlaces(places)};
-    QCollator order;
+    QCollator order(QLocale(QLocale::English)); // the plain "C" locale cannot count
     order.setNumericMode(true);
     order.setCaseSensitivity(Qt::CaseInsensitive);
     std::sort(listing.names.begin(), listing.names.end(), order);

@@ -18,6 +18,7 @@ HomeFacts::HomeFacts(const GameFacts::Sources &sources, QObject *parent)
     connect(&m_library, &LibraryStore::gamesChanged, this, &HomeFacts::update);
     connect(&m_library, &LibraryStore::libraryReplaced, this, &HomeFacts::update);
     connect(&m_library, &LibraryStore::runningChanged, this, &HomeFacts::update);
+    connect(&m_library, &LibraryStore::romFoldersChanged, this, &HomeFacts::foldersChanged);
 }
 
 void HomeFacts::setActive(bool active)
@@ -26,6 +27,11 @@ void HomeFacts::setActive(bool active)
     m_active = active;
     update();
     emit activeChanged();
+}
+
+QString HomeFacts::folders() const
+{
+    return m_library.romFolders().join(u'\n');
 }
 
 void HomeFacts::update()

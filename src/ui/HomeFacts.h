@@ -15,6 +15,7 @@ class HomeFacts : public QObject {
     Q_PROPERTY(ShelfModel *recent READ recent CONSTANT)
     Q_PROPERTY(QString recentTitle READ recentTitle NOTIFY changed)
     Q_PROPERTY(ShelfModel *favorites READ favorites CONSTANT)
+    Q_PROPERTY(QString folders READ folders NOTIFY foldersChanged)
     Q_PROPERTY(QVariantList week READ week NOTIFY changed)
     Q_PROPERTY(QString weekTime READ weekTime NOTIFY changed)
 public:
@@ -27,12 +28,14 @@ public:
     ShelfModel *recent() { return &m_recent; }
     QString recentTitle() const { return m_recentTitle; }
     ShelfModel *favorites() { return &m_favorites; }
+    QString folders() const; ///< those that are scanned, one in each line
     QVariantList week() const { return m_week; } ///< the last seven days for `Bars`
     QString weekTime() const { return m_weekTime; }
 
 signals:
     void activeChanged();
     void changed();
+    void foldersChanged();
 
 private:
     void update();

@@ -1,7 +1,7 @@
 #include "ui/LibraryAlerts.h"
 
 #include "app/Translator.h"
-#include "ui/LastPlayedText.h"
+#include "ui/DroppedItems.h"
 #include "ui/PlayDayBars.h"
 
 #include <QDateTime>
@@ -76,6 +76,14 @@ QString LibraryAlerts::reportText() const
 {
     if (m_reportRead || m_library.scanning() || !m_library.scanReport()) return {};
     return m_translator.message(*m_library.scanReport());
+}
+
+bool LibraryAlerts::addDropped(const QList<QUrl> &addresses)
+{
+    const DroppedItems items = droppedItems(addresses);
+    if (!items.folders.isEmpty()) m_library.addFolders(items.folders);
+    if (!items.files.isEmpty()) m_library.addFiles(items.files);
+    return !items.folders.isEmpty() || !items.files.isEmpty();
 }
 
 void LibraryAlerts::keepGoing()

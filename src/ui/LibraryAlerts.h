@@ -3,6 +3,7 @@
 #include "library/LibraryStore.h"
 
 #include <QObject>
+#include <QUrl>
 #include <qqmlregistration.h>
 
 class Translator;
@@ -30,6 +31,8 @@ public:
     QString scanText() const; ///< while a scan is under way
     QString reportText() const; ///< after it
 
+    /// Folders are remembered and looked through, files are added. False: none of it lies on this computer.
+    Q_INVOKABLE bool addDropped(const QList<QUrl> &addresses);
     Q_INVOKABLE void keepGoing(); ///< the card about the unreadable file was read
     Q_INVOKABLE void dismissError(); ///< also the emulator's
     Q_INVOKABLE void dismissReport();

@@ -3,7 +3,7 @@
 #include <QQuickImageProvider>
 
 /// `image://shadow/<radius>/<blur>/<alpha in percent>`: the shadow of a rounded card for a `BorderImage`, whose borders
-/// are radius + 2 blur wide on every side.
+/// are radius + 2 blur wide and which reaches `blur` beyond the card on every side.
 class ShadowImageProvider final : public QQuickImageProvider {
 public:
     ShadowImageProvider() : QQuickImageProvider(QQuickImageProvider::Image) { }

@@ -11,6 +11,11 @@ ShelfModel::ShelfModel(const LibraryStore &library, Host host, QObject *parent)
 void ShelfModel::show(const QStringList &gameIDs)
 {
     const int before = count();
+    if (before == 0) { // nothing to keep the place of
+        beginResetModel();
+        m_ids = gameIDs;
+        endResetModel();
+    }
     for (int row = 0; row < gameIDs.size(); ++row)
         place(gameIDs[row], row);
     if (m_ids.size() > gameIDs.size()) {

@@ -136,7 +136,7 @@ TEST(LinuxProcessControl, freezesAProgramThatKeepsStartingOthers)
         ASSERT_TRUE(control->freeze(busy.processId()));
         const QList<qint64> tree = control->tree(busy.processId());
         for (const qint64 each : tree)
-            EXPECT_TRUE(QByteArray("TDZ").contains(stateOf(each))) << stateOf(each);
+            EXPECT_TRUE(waitUntil([&] { return QByteArray("TDZ").contains(stateOf(each)); })) << stateOf(each);
         EXPECT_EQ(control->tree(busy.processId()), tree);
         ASSERT_TRUE(control->thaw(busy.processId()));
     }

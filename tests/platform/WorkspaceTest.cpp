@@ -97,7 +97,7 @@ TEST_F(LinuxWorkspace, givesTheProgramACleanStart)
     pthread_sigmask(SIG_BLOCK, &blocked, &before);
     StartRequest start =
         shell(u"ls -l /proc/self/fd | grep -v ' -> /proc/' | wc -l; cat; cut -d' ' -f5-6 /proc/$$/stat;"
-              "echo $$; grep -E 'Sig(Blk|Ign)' /proc/$$/status"_s);
+              "echo $$; exec grep -E 'Sig(Blk|Ign)' /proc/self/status"_s);
     start.logFile = log;
     EXPECT_EQ(run(start), ProgramEnd());
     signal(SIGUSR1, SIG_DFL);

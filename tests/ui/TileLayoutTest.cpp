@@ -79,6 +79,16 @@ TEST(GridKeys, passOnWhatLeadsOutOfTheGrid)
     EXPECT_EQ(grid.heard, (QStringList{u"to 4"_s}));
 }
 
+TEST(GridKeys, upFromTheFirstLineGoesToWhoeverListens)
+{
+    PressedKeys grid;
+    QObject::connect(&grid.keys, &GridKeys::upOut, &grid.keys, [&grid] { grid.heard += u"out"_s; });
+    EXPECT_TRUE(grid.keys.press(Qt::Key_Up, 0, {}));
+    EXPECT_TRUE(grid.keys.press(Qt::Key_End, 0, {}));
+    EXPECT_TRUE(grid.keys.press(Qt::Key_Up, 0, {}));
+    EXPECT_EQ(grid.heard, (QStringList{u"out"_s, u"to 4"_s, u"to 1"_s}));
+}
+
 TEST(GridKeys, openMarkAndSearch)
 {
     PressedKeys grid;

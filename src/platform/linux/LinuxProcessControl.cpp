@@ -1,12 +1,15 @@
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/ProcessTable.h"
 
+#include <QDeadlineTimer>
 #include <QHash>
 #include <QSet>
 #include <csignal>
 #include <limits>
 #include <mutex>
 #include <sched.h>
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -91,7 +94,9 @@ bool LinuxProcessControl::freeze(qint64 pid)
 {
     if (holdsVelko(pid) || !send(pid, 0)) return false;
     Started stopped;
-    for (int look = 0; look < 100 && stopMore(pid, stopped); ++look)
+    // Halting takes a processor, and on a busy machine its turn; it is not waited for without end.
+    const QDeadlineTimer deadline(50ms);
+    while (stopMore(pid, stopped) && !deadline.hasExpired())
         sched_yield();
     const std::scoped_lock lock(m_guard);
     m_frozen[pid].insert(stopped);

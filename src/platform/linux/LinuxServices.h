@@ -3,8 +3,8 @@
 #include "platform/Clock.h"
 #include "platform/FileIndex.h"
 #include "platform/Places.h"
-#include "platform/RequestChannel.h"
 #include "platform/ProcessControl.h"
+#include "platform/RequestChannel.h"
 #include "platform/Tasks.h"
 #include "platform/Workspace.h"
 
@@ -17,9 +17,6 @@ std::unique_ptr<Clock> makeClock();
 /// begun, and lets no result arrive any more.
 std::unique_ptr<Tasks> makeTasks();
 
-/// A lock and a socket in "velko" below the runtime folder, open to this user only.
-std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places);
-
 /// What programs print is kept by `velko-session-log`, a program beside ours or in "../lib/velko" of its folder;
 /// without it nothing is kept. It may write a moment longer than the program ran: read the log slightly later, or
 /// again. Programs go on when the workspace is destroyed. Needs a running event loop to notice ends.
@@ -30,3 +27,9 @@ std::unique_ptr<ProcessControl> makeProcessControl();
 
 /// Asks plocate (its own database, unless another is given), then walks. Without plocate nothing begins with anything.
 std::unique_ptr<FileIndex> makeFileIndex(const Places &places, const QString &database = {});
+
+/// A lock and a socket in "velko" below the runtime folder, open to this user only. An owner that gives no sign of life
+/// for `patience` is lost; one that is just starting is waited for. A request is at most 1 MiB long; a longer one is
+/// lost, too.
+std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places,
+                                                   std::chrono::milliseconds patience = std::chrono::seconds(10));

@@ -8,6 +8,7 @@
 #include "platform/linux/LinuxServices.h"
 #include "ui/VelkoWindow.h"
 #include "ui/demo/DemoLibrary.h"
+#include "ui/demo/ScrollTest.h"
 
 #include "fakes/FakeFileIndex.h"
 #include "fakes/FakeProcessControl.h"
@@ -79,16 +80,18 @@ int main(int argc, char **argv)
     QGuiApplication::setApplicationVersion(u"0.1.0"_s);
     QCommandLineParser options;
     options.addHelpOption();
-    options.addOptions({{u"size"_s, u"Size of the window."_s, u"WxH"_s, u"1920x1080"_s},
-                        {u"tab"_s, u"The tab to show."_s, u"name"_s, u"home"_s},
-                        {u"page"_s, u"The page to open: game or console."_s, u"page"_s},
-                        {u"game"_s, u"The game whose page is opened."_s, u"number"_s, u"1"_s},
-                        {u"keys"_s, u"Keys to press first, separated by blanks."_s, u"keys"_s},
-                        {u"screenshot"_s, u"Write a picture to this file and end."_s, u"file"_s},
-                        {u"wait"_s, u"Milliseconds before the picture."_s, u"ms"_s, u"900"_s},
-                        {u"games"_s, u"Number of games."_s, u"n"_s, u"130"_s},
-                        {u"empty"_s, u"An empty library."_s},
-                        {u"unreadable"_s, u"A library file that cannot be read, with a good copy."_s}});
+    options.addOptions(
+        {{u"size"_s, u"Size of the window."_s, u"WxH"_s, u"1920x1080"_s},
+         {u"tab"_s, u"The tab to show."_s, u"name"_s, u"home"_s},
+         {u"page"_s, u"The page to open: game or console."_s, u"page"_s},
+         {u"game"_s, u"The game whose page is opened."_s, u"number"_s, u"1"_s},
+         {u"keys"_s, u"Keys to press first, separated by blanks."_s, u"keys"_s},
+         {u"screenshot"_s, u"Write a picture to this file and end."_s, u"file"_s},
+         {u"wait"_s, u"Milliseconds before the picture."_s, u"ms"_s, u"900"_s},
+         {u"games"_s, u"Number of games."_s, u"n"_s, u"130"_s},
+         {u"scroll"_s, u"Scroll the covers, so many pixels each frame, and print the frame times."_s, u"px"_s},
+         {u"empty"_s, u"An empty library."_s},
+         {u"unreadable"_s, u"A library file that cannot be read, with a good copy."_s}});
     options.process(application);
 
     const TemporaryHome home;
@@ -135,6 +138,9 @@ int main(int argc, char **argv)
     if (options.isSet(u"keys"_s))
         QTimer::singleShot(400, window.window(),
                            [&] { sendKeys(window.window(), options.value(u"keys"_s).split(u' ')); });
+    if (options.isSet(u"scroll"_s))
+        QTimer::singleShot(1500, window.window(),
+                           [&] { new ScrollTest(window.window(), options.value(u"scroll"_s).toDouble(), 300); });
     if (options.isSet(u"screenshot"_s))
         QTimer::singleShot(options.value(u"wait"_s).toInt(), window.window(),
                            [&] { QCoreApplication::exit(grab(window, options.value(u"screenshot"_s))); });

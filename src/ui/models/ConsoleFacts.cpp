@@ -6,6 +6,7 @@
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryStore.h"
 #include "ui/models/EngineStatus.h"
+#include "ui/models/JoinedTexts.h"
 
 #include <algorithm>
 
@@ -54,6 +55,8 @@ QVariant EmulatorCopiesModel::data(const QModelIndex &index, int role) const
         return m_translator.translate(row.detail);
     case Path:
         return fromHome(row.path, m_places);
+    case Spoken:
+        return joined({row.name, m_translator.translate(row.detail), row.path});
     case Installed:
         return !row.path.isEmpty();
     case InUse:
@@ -66,7 +69,7 @@ QVariant EmulatorCopiesModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> EmulatorCopiesModel::roleNames() const
 {
-    return {{Name, "name"},           {Detail, "detail"}, {Path, "path"},
+    return {{Name, "name"},           {Detail, "detail"}, {Path, "path"},      {Spoken, "spoken"},
             {Installed, "installed"}, {InUse, "inUse"},   {Website, "website"}};
 }
 
@@ -143,6 +146,13 @@ QString ConsoleFacts::gamesText() const
     const auto count = std::count_if(m_library.games().begin(), m_library.games().end(), ours);
     return count == 1 ? m_translator.translate(u"1 game"_s)
                       : m_translator.fill(u"%ld games"_s, {QString::number(count)});
+}
+
+QStringList ConsoleFacts::headline() const
+{
+    QStringList texts{maker(), year(), gamesText()};
+    texts.removeAll(QString());
+    return texts;
 }
 
 QString ConsoleFacts::extensions() const

@@ -23,6 +23,7 @@ public:
         Detail, ///< how it is installed, translated
         Path, ///< empty: not installed
         Installed,
+        Spoken, ///< by screen readers
         InUse, ///< the copy that plays this console
         Website,
     };
@@ -66,6 +67,7 @@ class ConsoleFacts : public QObject {
     Q_PROPERTY(QString maker READ maker NOTIFY changed)
     Q_PROPERTY(QString year READ year NOTIFY changed)
     Q_PROPERTY(QString gamesTitle READ gamesTitle NOTIFY changed)
+    Q_PROPERTY(QStringList headline READ headline NOTIFY gamesChanged)
     Q_PROPERTY(QString gamesText READ gamesText NOTIFY gamesChanged)
     Q_PROPERTY(QString extensions READ extensions NOTIFY changed)
     Q_PROPERTY(bool takesGames READ takesGames NOTIFY changed)
@@ -89,6 +91,7 @@ public:
     QString maker() const;
     QString year() const;
     QString gamesTitle() const; ///< "Your PlayStation 2 games"
+    QStringList headline() const; ///< maker, year, number of games, as far as they are known
     QString gamesText() const; ///< "8 games"
     QString extensions() const; ///< "iso, chd, cso"
     bool takesGames() const; ///< there is a way to play what is dropped

@@ -6,6 +6,7 @@
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
 #include "ui/models/EngineStatus.h"
+#include "ui/models/JoinedTexts.h"
 
 #include <algorithm>
 
@@ -66,6 +67,9 @@ QVariant ConsoleListModel::data(const QModelIndex &index, int role) const
         return m_translator.translate(displayText(status()));
     case StatusDot:
         return dotName(status());
+    case Spoken:
+        return joined(
+            {data(index, Name).toString(), data(index, Detail).toString(), data(index, StatusText).toString()});
     case Faded:
         return console.engine == Engine::unavailable;
     case Handheld:
@@ -84,8 +88,9 @@ QHash<int, QByteArray> ConsoleListModel::roleNames() const
 {
     return {{ConsoleID, "consoleID"}, {Name, "name"},           {ShortName, "shortName"},
             {Detail, "detail"},       {GamesText, "gamesText"}, {StatusText, "statusText"},
-            {StatusDot, "statusDot"}, {Faded, "faded"},         {Handheld, "handheld"},
-            {Column, "column"},       {Line, "line"},           {Group, "group"}};
+            {StatusDot, "statusDot"}, {Faded, "faded"},         {Spoken, "spoken"},
+            {Handheld, "handheld"},   {Column, "column"},       {Line, "line"},
+            {Group, "group"}};
 }
 
 QString ConsoleListModel::countText() const

@@ -4,6 +4,7 @@
 #include "base/SearchForm.h"
 #include "ui/models/CoverFamily.h"
 #include "ui/models/CoverSource.h"
+#include "ui/models/JoinedTexts.h"
 #include "ui/models/PlayTimeText.h"
 
 #include <algorithm>
@@ -57,6 +58,8 @@ QVariant GameListModel::data(const QModelIndex &index, int role) const
         return m_translator.message(playTimeText(game->playSeconds.value_or(0)));
     case Family:
         return name(coverFamily(game->consoleID));
+    case Spoken:
+        return joined({game->title, data(index, ConsoleName).toString(), data(index, Status).toString()});
     case HeightRatio:
         return heightRatio(coverFamily(game->consoleID));
     }
@@ -76,6 +79,7 @@ QHash<int, QByteArray> GameListModel::roleNames() const
             {Running, "running"},
             {PlayTimeText, "playTimeText"},
             {Family, "family"},
+            {Spoken, "spoken"},
             {HeightRatio, "heightRatio"}};
 }
 
@@ -150,7 +154,7 @@ QString GameListModel::emptyText() const
         return m_translator.translate(u"Press F on a game: a heart appears on its cover, and it shows up here."_s);
     if (m_filter.status)
         return m_translator.translate(u"Choose a status on a game's page, and the game shows up here."_s);
-    return m_translator.translate(u"Add a folder of games, and they stand here."_s);
+    return m_translator.translate(u"Add a folder of games, and they will stand here."_s);
 }
 
 QString GameListModel::emptyIcon() const

@@ -44,6 +44,7 @@ public:
         Running,
         PlayTimeText,
         Family,
+        Spoken, ///< by screen readers: title, console, status
         HeightRatio, ///< of the cover: height over width
     };
 

@@ -1,5 +1,6 @@
 #include "ui/models/GridKeys.h"
 
+#include <QMetaMethod>
 #include <QVariant>
 #include <algorithm>
 #include <cstdlib>
@@ -58,12 +59,19 @@ bool GridKeys::press(int key, int modifiers, const QString &text)
     return printable;
 }
 
+bool GridKeys::leaveUpwards()
+{
+    const bool heard = isSignalConnected(QMetaMethod::fromSignal(&GridKeys::upOut));
+    emit upOut();
+    return heard;
+}
+
 bool GridKeys::move(Move move)
 {
     const TileLayout grid = layout();
     if (grid.groups.isEmpty()) return false;
     const int target = m_current < 0 ? 0 : tileAfter(grid, m_current, move, std::max(1, m_page));
-    if (target == m_current) return !isArrow(move);
+    if (target == m_current) return !isArrow(move) || (move == Move::up && leaveUpwards());
     const int lines = std::abs(placeOf(grid, target).line - placeOf(grid, std::max(0, m_current)).line);
     setProperty("far", lines > m_page);
     emit moved(target);

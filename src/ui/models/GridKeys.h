@@ -25,12 +25,14 @@ signals:
     void changed();
     void farChanged();
     void moved(int tile);
+    void upOut(); ///< up from the first line; without a listener the key is passed on
     void opened(); ///< Return or Enter
     void favoriteToggled(); ///< F
     void typed(const QString &text); ///< the beginning of a search
 
 private:
     bool move(Move move);
+    bool leaveUpwards();
     TileLayout layout() const;
 
     QList<int> m_groups;

@@ -73,7 +73,7 @@ FocusScope {
     FileDrop {
         anchors.fill: parent
         enabled: !root.modal
-        library: root.library
+        alerts: root.alerts
         notices: root.notices
     }
     Overlays {

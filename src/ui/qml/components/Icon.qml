@@ -11,6 +11,7 @@ Image {
 
     width: size
     height: size
-    sourceSize: Qt.size(size * Screen.devicePixelRatio, size * Screen.devicePixelRatio)
+    sourceSize.width: size * Screen.devicePixelRatio
+    sourceSize.height: size * Screen.devicePixelRatio
     source: name === "" ? "" : "image://icon/" + name + "/" + String(color).substring(1)
 }

@@ -18,9 +18,9 @@ Item {
 
     BorderImage {
         anchors.fill: parent
-        anchors.margins: -40
-        anchors.topMargin: -30
-        anchors.bottomMargin: -50
+        anchors.margins: -20
+        anchors.topMargin: -10
+        anchors.bottomMargin: -30
         source: "image://shadow/16/20/35"
         border { left: 56; right: 56; top: 56; bottom: 56 }
     }

@@ -8,14 +8,20 @@ FocusScope {
     property real contentHeight: column.childrenRect.height
     property real revealMargin: 96
     default property alias content: column.data
+    property alias behind: back.data ///< stays where it is while the page scrolls
     readonly property Item focused: root.activeFocus ? root.Window.activeFocusItem : null
 
     onFocusedChanged: if (focused && Theme.inputMode !== "pointer")
         scroll.to = keeper.revealed(view, view.contentItem, scroll.running ? scroll.to : view.contentY, revealMargin)
 
+    Item {
+        id: back
+        anchors.fill: parent
+    }
     Flickable {
         id: view
         anchors.fill: parent
+        clip: true
         contentWidth: width
         contentHeight: root.contentHeight
         boundsBehavior: Flickable.StopAtBounds
@@ -31,6 +37,15 @@ FocusScope {
             duration: Theme.scroll
             easing.type: Easing.OutCubic
             onToChanged: if (to !== view.contentY) restart()
+        }
+    }
+    Rectangle {
+        visible: view.contentY > 0
+        width: parent.width
+        height: 28
+        gradient: Gradient {
+            GradientStop { position: 0; color: Theme.bg }
+            GradientStop { position: 1; color: Qt.alpha(Theme.bg, 0) }
         }
     }
     ScrollHandle { view: view }

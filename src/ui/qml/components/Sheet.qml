@@ -39,9 +39,9 @@ FocusScope {
 
         BorderImage {
             anchors.fill: parent
-            anchors.margins: -96
-            anchors.topMargin: -64
-            anchors.bottomMargin: -128
+            anchors.margins: -48
+            anchors.topMargin: -16
+            anchors.bottomMargin: -80
             visible: !Theme.light
             source: "image://shadow/28/48/60"
             border { left: 124; right: 124; top: 124; bottom: 124 }

@@ -15,7 +15,8 @@ Item {
     Image {
         anchors.fill: parent
         visible: !Theme.reduceMotion
-        sourceSize: Qt.size(root.size * 2, root.size * 2)
+        sourceSize.width: root.size * 2
+        sourceSize.height: root.size * 2
         source: "image://icon/spinner/" + String(root.color).substring(1)
         smooth: true
         RotationAnimator on rotation {

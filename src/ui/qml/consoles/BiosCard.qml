@@ -42,7 +42,7 @@ Card {
             topPadding: 8
             text: root.facts.biosPlace
             size: 14.5
-            wrapMode: Text.WrapAnywhere
+            wrapMode: Text.Wrap
         }
     }
     Tag {

@@ -48,7 +48,7 @@ Item {
         y: title.y + title.height + 10
         spacing: 14
         Repeater {
-            model: [root.facts.maker, root.facts.year, root.facts.gamesText].filter(text => text !== "")
+            model: root.facts.headline
             Row {
                 id: fact
                 required property int index

@@ -21,6 +21,7 @@ FocusScope {
         anchors.fill: parent
         enabled: !root.sorting
         focus: !root.sorting
+        clip: true // what scrolls ends below the top bar
 
         GameGrid {
             id: grid
@@ -30,6 +31,7 @@ FocusScope {
             focus: count > 0
             topSpace: head.height
             games: root.lists.consoleGames
+            above: head.orderButton
             remembered: root.lists.currentConsoleGame
             onArrived: gameID => root.lists.currentConsoleGame = gameID
             onOpened: gameID => root.app.detailGame = gameID
@@ -39,7 +41,7 @@ FocusScope {
             id: head
             x: Theme.contentX
             y: grid.originY - grid.contentY
-            width: grid.room
+            width: grid.linesWidth
             focus: grid.count === 0
             lists: root.lists
             onBackWanted: root.app.selectedConsole = ""
@@ -62,7 +64,7 @@ FocusScope {
         }
         ScrollPage {
             x: Theme.contentX + Theme.contentWidth - root.sideWidth - 10
-            width: root.sideWidth + 20
+            width: root.sideWidth + 26
             height: parent.height
             clip: true
             keeper: root.keeper
@@ -124,6 +126,6 @@ FocusScope {
             corner: head.orderButton.mapToItem(root, head.orderButton.width, head.orderButton.height + 8)
             onClosed: root.sorting = false
         }
-        onLoaded: item.forceActiveFocus()
+        onLoaded: (item as Item).forceActiveFocus()
     }
 }

@@ -13,6 +13,7 @@ Item {
     required property string gamesText
     required property string statusText
     required property string statusDot
+    required property string spoken
     required property bool faded
     required property int column
     required property int line
@@ -20,7 +21,7 @@ Item {
     signal tapped
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: [name, detail, statusText].filter(part => part !== "").join(", ")
+    Accessible.name: spoken
     Accessible.description: gamesText
     Accessible.onPressAction: root.tapped()
 

@@ -30,6 +30,6 @@ FocusScope {
             lists: root.lists
             onFolderWanted: root.folderWanted()
         }
-        onLoaded: if (root.visible) item.forceActiveFocus()
+        onLoaded: if (root.visible) (item as Item).forceActiveFocus()
     }
 }

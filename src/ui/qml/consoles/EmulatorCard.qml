@@ -28,6 +28,7 @@ Card {
                 required property string name
                 required property string detail
                 required property string path
+                required property string spoken
                 required property bool installed
                 required property bool inUse
                 width: rows.width
@@ -35,7 +36,7 @@ Card {
                 radius: 14
                 color: Theme.fill1
                 Accessible.role: Accessible.StaticText
-                Accessible.name: [name, detail, path].filter(part => part !== "").join(", ")
+                Accessible.name: spoken
 
                 StatusDot {
                     id: dot

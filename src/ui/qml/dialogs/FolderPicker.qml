@@ -60,6 +60,8 @@ Sheet {
                 height: root.body.height - 126
                 radius: 14
                 color: Theme.sunken
+                border.width: list.lit && list.count === 0 ? 3 : 0
+                border.color: Theme.accent
                 Label {
                     anchors.centerIn: parent
                     width: parent.width - 48
@@ -75,7 +77,7 @@ Sheet {
                     anchors.margins: 8
                     clip: true
                     focus: true
-                    activeFocusOnTab: count > 0
+                    activeFocusOnTab: true
                     boundsBehavior: Flickable.StopAtBounds
                     reuseItems: true
                     model: root.folders

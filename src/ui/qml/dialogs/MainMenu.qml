@@ -27,9 +27,9 @@ FocusScope {
         height: rows.height + 20
         BorderImage {
             anchors.fill: parent
-            anchors.margins: -48
-            anchors.topMargin: -40
-            anchors.bottomMargin: -56
+            anchors.margins: -24
+            anchors.topMargin: -12
+            anchors.bottomMargin: -36
             source: "image://shadow/18/24/45"
             border { left: 66; right: 66; top: 66; bottom: 66 }
         }

@@ -11,37 +11,20 @@ ScrollPage {
     signal removalWanted
     signal renameWanted
 
-    contentHeight: Math.max(side.y + side.height, right.y + right.height) + 48
-    Keys.onEscapePressed: root.app.detailGame = ""
-    Keys.onBackPressed: root.app.detailGame = ""
-    Component.onCompleted: root.forceActiveFocus()
-
-    Backdrop {
+    behind: Backdrop {
         x: root.width * 0.36
         y: -80
         width: root.width - x
         height: 620
         radius: 0
-        ground: Theme.bg
+        ground: "transparent"
+        fading: true
         consoleID: root.game.consoleID
-        Rectangle {
-            anchors.fill: parent
-            gradient: Gradient {
-                GradientStop { position: 0; color: Qt.alpha(Theme.bg, 0.7) }
-                GradientStop { position: 0.3; color: Qt.alpha(Theme.bg, 0.3) }
-                GradientStop { position: 0.6; color: Qt.alpha(Theme.bg, 0.5) }
-                GradientStop { position: 1; color: Theme.bg }
-            }
-        }
-        Rectangle {
-            anchors.fill: parent
-            gradient: Gradient {
-                orientation: Gradient.Horizontal
-                GradientStop { position: 0; color: Theme.bg }
-                GradientStop { position: 0.4; color: Qt.alpha(Theme.bg, 0) }
-            }
-        }
     }
+    contentHeight: Math.max(side.y + side.height, right.y + right.height) + 48
+    Keys.onEscapePressed: root.app.detailGame = ""
+    Keys.onBackPressed: root.app.detailGame = ""
+
     Item {
         x: Theme.contentX
         width: Theme.contentWidth

@@ -18,9 +18,9 @@ Item {
 
         BorderImage {
             anchors.fill: parent
-            anchors.margins: -48
-            anchors.topMargin: -30
-            anchors.bottomMargin: -66
+            anchors.margins: -24
+            anchors.topMargin: -6
+            anchors.bottomMargin: -42
             visible: !Theme.light && Theme.effects
             source: "image://shadow/8/24/60"
             border { left: 56; right: 56; top: 56; bottom: 56 }

@@ -11,7 +11,7 @@ Item {
     required property string consoleName
     required property string coverSource
     required property string playTimeText
-    required property string status
+    required property string spoken
     required property real heightRatio
     required property bool favorite
     required property bool running
@@ -22,7 +22,7 @@ Item {
     signal tapped
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: [title, consoleName, status].filter(part => part !== "").join(", ")
+    Accessible.name: spoken
     Accessible.onPressAction: root.tapped()
 
     Cover {

@@ -15,12 +15,14 @@ GridView {
     readonly property int coverWidth: Math.max(96, Math.floor((room - (columns - 1) * 29) / columns / 12) * 12)
     readonly property real gap: Math.floor((room - columns * coverWidth) / (columns - 1))
     readonly property real shelf: coverWidth * 4 / 3
+    readonly property real linesWidth: columns * coverWidth + (columns - 1) * gap ///< what the covers take up
     readonly property bool lit: activeFocus && Theme.inputMode !== "pointer"
     readonly property int firstLine: Math.max(0, Math.floor((contentY - originY - topSpace) / cellHeight))
     signal arrived(string gameID) ///< the focus
     signal opened(string gameID)
     signal favoriteToggled(string gameID)
     signal typed(string text)
+    property Item above ///< what up from the first line leads to
 
     clip: true
     model: games
@@ -76,6 +78,7 @@ GridView {
         onOpened: root.opened(root.games.gameAt(root.currentIndex))
         onFavoriteToggled: root.favoriteToggled(root.games.gameAt(root.currentIndex))
         onTyped: text => root.typed(text)
+        onUpOut: if (root.above) root.above.forceActiveFocus(Qt.TabFocusReason)
     }
     Item {
         parent: root.contentItem

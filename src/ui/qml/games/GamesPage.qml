@@ -54,7 +54,7 @@ FocusScope {
             }
             Row {
                 id: buttons
-                anchors.right: parent.right
+                x: grid.linesWidth - width
                 y: 8
                 spacing: 12
                 TextButton {
@@ -83,8 +83,9 @@ FocusScope {
                 y: 60
                 width: parent.width + edge + trailing
                 height: parent.height - y
-                focus: true
+                focus: count > 0
                 games: root.games
+                above: order
                 remembered: root.lists.currentGame
                 onArrived: gameID => root.lists.currentGame = gameID
                 onOpened: gameID => root.app.detailGame = gameID
@@ -99,6 +100,7 @@ FocusScope {
             }
             EmptyState {
                 visible: root.games.count === 0
+                focus: visible
                 anchors.horizontalCenter: parent.horizontalCenter
                 y: Math.max(80, (parent.height - height) * 0.4)
                 width: Math.min(760, parent.width)
@@ -121,6 +123,6 @@ FocusScope {
             corner: order.mapToItem(root, order.width, order.height + 8)
             onClosed: root.sorting = false
         }
-        onLoaded: item.forceActiveFocus()
+        onLoaded: (item as Item).forceActiveFocus()
     }
 }

@@ -24,9 +24,9 @@ FocusScope {
     }
     BorderImage {
         anchors.fill: panel
-        anchors.margins: -40
-        anchors.topMargin: -26
-        anchors.bottomMargin: -54
+        anchors.margins: -20
+        anchors.topMargin: -10
+        anchors.bottomMargin: -30
         visible: !Theme.light
         source: "image://shadow/16/20/45"
         border { left: 56; right: 56; top: 56; bottom: 56 }

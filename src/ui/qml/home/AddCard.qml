@@ -5,6 +5,7 @@ import Velko
 Card {
     id: root
     required property LibraryStore library
+    required property HomeFacts home
     signal folderWanted
 
     Row {
@@ -27,7 +28,7 @@ Card {
         x: 57
         y: 54
         width: parent.width - 81
-        text: root.library.romFolders.length === 0 ? Tr.translate("None yet") : root.library.romFolders.join("\n")
+        text: root.home.folders === "" ? Tr.translate("None yet") : root.home.folders
         color: Theme.t2
         size: 14.5
         elide: Text.ElideMiddle

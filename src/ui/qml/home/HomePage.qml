@@ -60,6 +60,7 @@ ScrollPage {
                 width: root.sideWidth
                 height: (root.heroHeight - 24) / 2
                 library: root.library
+                home: root.home
                 onFolderWanted: root.folderWanted()
             }
         }

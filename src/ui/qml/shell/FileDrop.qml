@@ -4,11 +4,15 @@ import Velko
 /// Files and folders dropped anywhere on the window are added to the library.
 DropArea {
     id: root
-    required property LibraryStore library
+    required property LibraryAlerts alerts
     required property Notices notices
 
     keys: ["text/uri-list"]
-    onDropped: drop => drop.accept(Qt.CopyAction)
+    onDropped: drop => {
+        drop.accept(Qt.CopyAction)
+        if (!root.alerts.addDropped(drop.urls))
+            root.notices.show(Tr.translate("Only files and folders on this computer can be added."), "warn")
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -29,7 +33,7 @@ DropArea {
                 size: 64
             }
             Heading {
-                text: Tr.translate("Drop folders of games to add them")
+                text: Tr.translate("Drop games or folders of games to add them")
                 size: 34
             }
         }

@@ -24,12 +24,13 @@ FocusScope {
         sourceComponent: root.shown === "missing" ? missing : root.shown === "setup" ? setup : root.shown === "error" ? error
             : root.shown === "report" ? report : root.shown === "menu" ? menu : root.shown === "about" ? about
             : root.shown === "folder" ? folder : root.shown === "remove" ? remove : root.shown === "rename" ? rename : null
-        onLoaded: item.forceActiveFocus()
+        onLoaded: (item as Item).forceActiveFocus()
     }
     Component {
         id: missing
         QuestionDialog {
             title: Tr.translate("The game's file is gone")
+            panelWidth: 720
             text: root.alerts.missingText
             actions: [
                 { name: "cancel", text: Tr.translate("Cancel"), kind: "primary" },

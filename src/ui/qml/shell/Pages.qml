@@ -16,94 +16,43 @@ FocusScope {
     signal removalWanted
     signal renameWanted
 
-    TabPage {
-        name: "home"
-        app: root.app
-        covered: root.gameShown
-        page: Component {
-            HomePage {
-                app: root.app
-                library: root.library
-                keeper: root.keeper
-                home: root.home
-                alerts: root.alerts
-                onFolderWanted: root.folderWanted()
-            }
-        }
-    }
-    TabPage {
-        name: "games"
-        app: root.app
-        covered: root.gameShown
-        page: Component {
-            GamesPage {
-                app: root.app
-                keeper: root.keeper
-                lists: root.lists
-                onFolderWanted: root.folderWanted()
-            }
-        }
-    }
-    TabPage {
-        name: "consoles"
-        app: root.app
-        covered: root.gameShown
-        page: Component {
-            ConsolesPage {
-                app: root.app
-                library: root.library
-                keeper: root.keeper
-                lists: root.lists
-                onFolderWanted: root.folderWanted()
-            }
-        }
-    }
-    TabPage {
-        name: "essentials"
-        app: root.app
-        covered: root.gameShown
-        page: Component {
-            PlainPage {
-                title: Tr.translate("Essentials")
-                icon: "tools"
-                text: Tr.translate("Installing and updating emulators from here comes with a later version. Emulators that are installed on this computer are found by themselves.")
-            }
-        }
-    }
-    TabPage {
-        name: "profile"
-        app: root.app
-        covered: root.gameShown
-        page: Component {
-            PlainPage {
-                title: Tr.translate("Profile")
-                icon: "profile"
-                text: Tr.translate("Your statistics and screenshots come together here in a later version. Play time is counted already.")
-            }
-        }
-    }
-    TabPage {
-        name: "social"
-        app: root.app
-        covered: root.gameShown
-        page: Component {
-            PlainPage {
-                title: Tr.translate("Social")
-                icon: "social"
-                text: Tr.translate("There is nothing to share with others in this version of Velko yet.")
-            }
+    Repeater {
+        model: [
+            { name: "home", page: "../home/HomePage.qml",
+              parts: { app: root.app, library: root.library, keeper: root.keeper, home: root.home, alerts: root.alerts } },
+            { name: "games", page: "../games/GamesPage.qml",
+              parts: { app: root.app, keeper: root.keeper, lists: root.lists } },
+            { name: "consoles", page: "../consoles/ConsolesPage.qml",
+              parts: { app: root.app, library: root.library, keeper: root.keeper, lists: root.lists } },
+            { name: "essentials", page: "LaterPage.qml", parts: { title: "Essentials", icon: "tools",
+              text: "Installing and updating emulators from here comes with a later version. Emulators that are installed on this computer are found by themselves." } },
+            { name: "profile", page: "LaterPage.qml", parts: { title: "Profile", icon: "profile",
+              text: "Your statistics and screenshots come together here in a later version. Play time is counted already." } },
+            { name: "social", page: "LaterPage.qml", parts: { title: "Social", icon: "social",
+              text: "There is nothing to share with others in this version of Velko yet." } }
+        ]
+        TabPage {
+            required property var modelData
+            app: root.app
+            name: modelData.name
+            page: Qt.resolvedUrl(modelData.page)
+            parts: modelData.parts
+            covered: root.gameShown
+            onFolderWanted: root.folderWanted()
         }
     }
     Loader {
+        id: gamePage
         anchors.fill: parent
         active: root.gameShown
         focus: root.gameShown
-        sourceComponent: GamePage {
-            app: root.app
-            keeper: root.keeper
-            game: root.openGame
-            onRemovalWanted: root.removalWanted()
-            onRenameWanted: root.renameWanted()
-        }
+        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, game: root.openGame })
+        onLoaded: (item as Item).forceActiveFocus()
+    }
+    Connections {
+        target: gamePage.item
+        ignoreUnknownSignals: true
+        function onRemovalWanted() { root.removalWanted() }
+        function onRenameWanted() { root.renameWanted() }
     }
 }

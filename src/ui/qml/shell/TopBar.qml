@@ -19,7 +19,8 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             width: 30
             height: 30
-            sourceSize: Qt.size(60, 60)
+            sourceSize.width: 60
+            sourceSize.height: 60
             source: "image://icon/velko-mark"
         }
         Heading {

@@ -1,17 +1,17 @@
 import QtQuick
 import Velko
 
-/// A page that has one thing to say.
+/// A page that is not built yet and says so. Its texts are given in English.
 FocusScope {
     id: root
-    property string title
-    property string text
-    property string icon: "shelf"
+    required property string title
+    required property string text
+    required property string icon
 
     Heading {
         x: Theme.contentX
         y: 24
-        text: root.title
+        text: Tr.translate(root.title)
         size: 34
         font.weight: 700
     }
@@ -21,6 +21,6 @@ FocusScope {
         width: Math.min(760, Theme.contentWidth)
         icon: root.icon
         title: Tr.translate("Not here yet")
-        text: root.text
+        text: Tr.translate(root.text)
     }
 }
