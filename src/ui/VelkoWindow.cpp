@@ -37,7 +37,7 @@ static QUrl page(const QString &name)
 struct VelkoWindow::Content {
     explicit Content(const WindowParts &given)
         : parts(given), sources{given.library, given.emulators, given.preferences, given.translator,
-                                given.clock,   given.tasks,     given.places.host},
+                                given.clock,   given.tasks,     given.workspace,   given.places.host},
           home(sources), openGame(sources), alerts(given.library, given.translator), notices(given.clock),
           folders(given.places, given.tasks, given.translator),
           lists(given.library, given.emulators, given.app, given.preferences, given.translator, given.places)

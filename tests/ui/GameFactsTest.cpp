@@ -8,7 +8,10 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 struct FactsHouse : ListHouse {
-    GameFacts::Sources sources() { return {*store, emulators, preferences, translator, clock, tasks, Host::linux}; }
+    GameFacts::Sources sources()
+    {
+        return {*store, emulators, preferences, translator, clock, tasks, workspace, Host::linux};
+    }
 };
 
 TEST(GameFacts, ofNoGameAreEmpty)
@@ -43,6 +46,18 @@ TEST(GameFacts, sayWhatWasPlayed)
     EXPECT_EQ(facts.days().last().toMap()[u"label"_s], u"Today"_s);
     EXPECT_EQ(facts.firstDay(), u"1 Mar"_s);
     EXPECT_EQ(facts.consoleShort(), u"PS2"_s);
+}
+
+TEST(GameFacts, showTheFolderOfTheGame)
+{
+    FactsHouse house;
+    GameEntry game = house.game(u"Kestrel Valley"_s, u"ps2"_s);
+    game.path = u"/games/It's 100% #1/Kestrel.iso"_s;
+    house.store->add({game});
+    GameFacts facts(house.sources());
+    facts.setGameID(game.id);
+    facts.showInFolder();
+    EXPECT_EQ(house.workspace.opened, QList<QUrl>{QUrl::fromLocalFile(u"/games/It's 100% #1"_s)});
 }
 
 TEST(GameFacts, keepTheUsersWishes)

@@ -35,7 +35,7 @@ struct WindowHouse : ListHouse {
         }
         emulators.refresh();
         velko = std::make_unique<VelkoWindow>(
-            WindowParts{state, *store, emulators, preferences, translator, clock, *background, places});
+            WindowParts{state, *store, emulators, preferences, translator, clock, *background, workspace, places});
     }
     ~WindowHouse()
     {
