@@ -14,6 +14,7 @@
 #include "platform/RequestChannel.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/QuitSignals.h"
+#include "ui/Fonts.h"
 #include "ui/VelkoWindow.h"
 
 #include <QDir>
@@ -71,15 +72,15 @@ int askOwner(RequestChannel &channel, const QStringList &arguments)
 /// wanted.
 class Program {
 public:
-    Program(const Places &places, Preferences &preferences, RequestChannel &channel)
-        : m_places(places), m_preferences(preferences),
+    Program(const Places &places, Preferences &preferences, RequestChannel &channel, Tasks &tasks)
+        : m_places(places), m_tasks(tasks), m_preferences(preferences),
           m_translator(chooseLanguage(preferences.get(preference::appLanguage), QLocale::system().uiLanguages()),
                        places.host),
-          m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
-          m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators,
+          m_emulators(places, *m_workspace, *m_index, preferences, m_tasks),
+          m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, m_tasks, m_emulators,
                      [this] { return session(); }),
-          m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
-          m_commands(places, m_library, m_emulators.finder(), preferences, *m_tasks, m_translator)
+          m_library(places, preferences, *m_clock, m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
+          m_commands(places, m_library, m_emulators.finder(), preferences, m_tasks, m_translator)
     {
         m_state.setProperty("language", code(m_translator.language()));
         QObject::connect(
@@ -130,7 +131,7 @@ private:
     bool buildWindow()
     {
         m_window = std::make_unique<VelkoWindow>(
-            WindowParts{m_state, m_library, m_emulators, m_preferences, m_translator, *m_clock, *m_tasks, m_places});
+            WindowParts{m_state, m_library, m_emulators, m_preferences, m_translator, *m_clock, m_tasks, m_places});
         if (!m_window->load()) return false;
         QQuickWindow *window = m_window->window();
         QObject::connect(
@@ -171,7 +172,7 @@ private:
 
     const Places m_places;
     const std::unique_ptr<Clock> m_clock = makeClock();
-    const std::unique_ptr<Tasks> m_tasks = makeTasks();
+    Tasks &m_tasks;
     const std::unique_ptr<Workspace> m_workspace = makeWorkspace(m_places);
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
@@ -229,10 +230,12 @@ int main(int argc, char **argv)
         QCoreApplication::exec();
     }
 
+    const auto tasks = makeTasks();
+    if (isForWindow(command.value()) && places.displayPresent) readFonts(*tasks);
     logTo(places.logFile());
     Preferences preferences(places.preferencesFile());
     migrateLegacyPreferences(places, preferences);
-    Program program(places, preferences, *channel);
+    Program program(places, preferences, *channel, *tasks);
     program.serveTerminal(arguments);
     return QCoreApplication::exec();
 }
