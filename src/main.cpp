@@ -14,6 +14,7 @@
 #include "platform/RequestChannel.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/QuitSignals.h"
+#include "ui/Fonts.h"
 #include "ui/VelkoWindow.h"
 
 #include <QDir>
@@ -71,8 +72,8 @@ int askOwner(RequestChannel &channel, const QStringList &arguments)
 /// wanted.
 class Program {
 public:
-    Program(const Places &places, Preferences &preferences, RequestChannel &channel)
-        : m_places(places), m_preferences(preferences),
+    Program(const Places &places, Preferences &preferences, RequestChannel &channel, std::unique_ptr<Tasks> tasks)
+        : m_places(places), m_tasks(std::move(tasks)), m_preferences(preferences),
           m_translator(chooseLanguage(preferences.get(preference::appLanguage), QLocale::system().uiLanguages()),
                        places.host),
           m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
@@ -175,10 +176,10 @@ private:
 
     const Places m_places;
     const std::unique_ptr<Clock> m_clock = makeClock();
-    const std::unique_ptr<Tasks> m_tasks = makeTasks();
     const std::unique_ptr<Workspace> m_workspace = makeWorkspace(m_places);
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
+    const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes
     Preferences &m_preferences;
     Translator m_translator;
     AppState m_state;
@@ -233,10 +234,12 @@ int main(int argc, char **argv)
         QCoreApplication::exec();
     }
 
+    auto tasks = makeTasks();
+    if (isForWindow(command.value()) && places.displayPresent) readFonts(*tasks);
     logTo(places.logFile());
     Preferences preferences(places.preferencesFile());
     migrateLegacyPreferences(places, preferences);
-    Program program(places, preferences, *channel);
+    Program program(places, preferences, *channel, std::move(tasks));
     program.serveTerminal(arguments);
     return QCoreApplication::exec();
 }

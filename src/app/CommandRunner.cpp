@@ -223,10 +223,10 @@ void CommandRunner::emulators(bool json, const Answer &reply)
     const EmulatorChoices choices = emulatorChoices(m_preferences, m_places.host);
     m_tasks.run(
         this,
-        [this, choices] {
+        [finder = m_finder, host = m_places.host, choices] {
             QList<InstalledEmulator> all;
-            for (const EmulatorDef &def : emulatorDefs(m_places.host))
-                all += m_finder.copies(def, choices);
+            for (const EmulatorDef &def : emulatorDefs(host))
+                all += finder.copies(def, choices);
             return all;
         },
         [this, json, reply](const QList<InstalledEmulator> &all) {
@@ -262,7 +262,7 @@ void CommandRunner::doctor(const Answer &reply)
         ++facts.gamesByConsole[game.consoleID];
     m_tasks.run(
         this,
-        [facts, folders = m_library.romFolders(), places = m_places, &finder = m_finder,
+        [facts, folders = m_library.romFolders(), places = m_places, finder = m_finder,
          choices = emulatorChoices(m_preferences, m_places.host)] {
             return examine(lookedAround(facts, folders, places, finder, choices));
         },

@@ -99,7 +99,11 @@ bool VelkoWindow::load()
     view.setMinimumSize({720, 480});
     view.resize(1440, 900);
     view.setResizeMode(QQuickView::SizeRootObjectToView);
-    view.setInitialProperties({{u"app"_s, QVariant::fromValue(&content.parts.app)},
+    // The pages are made with their content and their size, so that nothing is laid out twice.
+    content.home.setActive(content.parts.app.property("tab").toString() == u"home");
+    view.setInitialProperties({{u"width"_s, view.width()},
+                               {u"height"_s, view.height()},
+                               {u"app"_s, QVariant::fromValue(&content.parts.app)},
                                {u"library"_s, QVariant::fromValue(&content.parts.library)},
                                {u"lists"_s, QVariant::fromValue(&content.lists)},
                                {u"keeper"_s, QVariant::fromValue(&content.keeper)},

@@ -87,11 +87,14 @@ FocusScope {
         notices: root.notices
         folders: root.folders
     }
-    Notice {
+    Loader {
         anchors.horizontalCenter: parent.horizontalCenter
         y: root.height - height - 32
-        text: root.notices.text
-        icon: root.notices.icon
-        kind: root.notices.kind
+        active: root.notices.text !== ""
+        sourceComponent: Notice {
+            text: root.notices.text
+            icon: root.notices.icon
+            kind: root.notices.kind
+        }
     }
 }

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Window
 import Velko
 
 /// A wide card's ground in a console's colours, while there is no picture of the game itself.

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Window
 import Velko
 
 /// A game's picture, or the plate of its console while there is none. Give it its size; corners are round already.
@@ -31,62 +30,68 @@ Item {
             : "image://cover/" + root.cover + "/" + root.pixelWidth + "x" + root.pixelHeight
               + "x" + Math.round(root.radius * Screen.devicePixelRatio * 10)
     }
-    Rectangle {
-        visible: root.playing
+    Loader {
         x: 8
         y: 8
-        width: 35
-        height: 30
-        radius: 15
-        color: Theme.badge
-        Row {
-            anchors.centerIn: parent
-            spacing: 3
-            Repeater {
-                model: [9, 15, 6]
-                Rectangle {
-                    required property int modelData
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: 3
-                    height: modelData
-                    radius: 1.5
-                    color: "#7ADBA8"
+        active: root.playing
+        sourceComponent: Rectangle {
+            width: 35
+            height: 30
+            radius: 15
+            color: Theme.badge
+            Row {
+                anchors.centerIn: parent
+                spacing: 3
+                Repeater {
+                    model: [9, 15, 6]
+                    Rectangle {
+                        required property int modelData
+                        anchors.verticalCenter: parent.verticalCenter
+                        width: 3
+                        height: modelData
+                        radius: 1.5
+                        color: "#7ADBA8"
+                    }
                 }
             }
         }
     }
-    Rectangle {
-        visible: root.favorite
+    Loader {
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         anchors.margins: 8
-        width: 30
-        height: 30
-        radius: 15
-        color: Theme.badge
-        Icon {
-            anchors.centerIn: parent
-            name: "heart-fill"
-            size: 17
-            color: "#FF8F9B"
+        active: root.favorite
+        sourceComponent: Rectangle {
+            width: 30
+            height: 30
+            radius: 15
+            color: Theme.badge
+            Icon {
+                anchors.centerIn: parent
+                name: "heart-fill"
+                size: 17
+                color: "#FF8F9B"
+            }
         }
     }
-    Rectangle {
-        visible: root.consoleShort !== ""
+    Loader {
         anchors.left: parent.left
         anchors.bottom: parent.bottom
         anchors.margins: 8
-        width: badge.implicitWidth + 16
-        height: 24
-        radius: 6
-        color: Theme.badge
-        Label {
-            id: badge
-            anchors.centerIn: parent
-            text: root.consoleShort
-            size: 12
-            font.weight: 700
-            color: "#F4F1EB"
+        active: root.consoleShort !== ""
+        sourceComponent: Rectangle {
+            width: badge.implicitWidth + 16
+            height: 24
+            radius: 6
+            color: Theme.badge
+            Label {
+                id: badge
+                anchors.centerIn: parent
+                text: root.consoleShort
+                size: 12
+                font.weight: 700
+                color: "#F4F1EB"
+            }
         }
     }
 }

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Window
 import Velko
 
 /// A controller button's drawing, by its file name in glyphs/. Shoulder buttons are wider than high.

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Window
 import Velko
 
 /// A line drawing of icons/, by its file name.

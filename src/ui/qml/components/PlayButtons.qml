@@ -32,19 +32,22 @@ FocusScope {
             text: Tr.translate("Continue from your save state")
             onActivated: root.game.continueFromState()
         }
-        Row {
-            visible: root.game.launching
-            height: root.size
-            spacing: 16
-            Spinner {
-                anchors.verticalCenter: parent.verticalCenter
-                size: 26
-            }
-            Label {
-                anchors.verticalCenter: parent.verticalCenter
-                text: root.game.launchText
-                size: 16.5
-                font.weight: 600
+        Loader {
+            active: root.game.launching
+            visible: active
+            sourceComponent: Row {
+                height: root.size
+                spacing: 16
+                Spinner {
+                    anchors.verticalCenter: parent.verticalCenter
+                    size: 26
+                }
+                Label {
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: root.game.launchText
+                    size: 16.5
+                    font.weight: 600
+                }
             }
         }
         TextButton {

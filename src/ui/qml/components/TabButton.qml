@@ -30,10 +30,11 @@ Pressable {
         font.weight: root.current ? 600 : 500
         color: root.lit ? Theme.onAccent : root.current || root.hovered ? Theme.t1 : Theme.t2
     }
-    LitLine {
-        visible: root.current && !root.lit
+    Loader {
+        active: root.current && !root.lit
         x: root.padding - 8
         width: parent.width - 2 * x
         anchors.bottom: parent.bottom
+        sourceComponent: LitLine { }
     }
 }

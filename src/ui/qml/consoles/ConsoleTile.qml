@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Window
 import Velko
 
 /// One console of the catalog: its plate, its name, whether it can be played, how many games there are.

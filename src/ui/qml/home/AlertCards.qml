@@ -13,35 +13,45 @@ FocusScope {
         id: cards
         width: parent.width
         spacing: 16
-        AlertCard {
+        Loader {
             width: parent.width
-            visible: root.alerts.setAsideText !== ""
-            focus: visible
-            icon: "warning"
-            iconColor: Theme.warn
-            title: Tr.translate("Your library could not be read")
-            text: root.alerts.setAsideText
-            action: root.alerts.restoreText
-            second: Tr.translate("Keep going without it")
-            onActivated: root.library.restoreBackup()
-            onSecondActivated: root.alerts.keepGoing()
+            active: root.alerts.setAsideText !== ""
+            visible: active
+            focus: active
+            sourceComponent: AlertCard {
+                focus: true
+                icon: "warning"
+                iconColor: Theme.warn
+                title: Tr.translate("Your library could not be read")
+                text: root.alerts.setAsideText
+                action: root.alerts.restoreText
+                second: Tr.translate("Keep going without it")
+                onActivated: root.library.restoreBackup()
+                onSecondActivated: root.alerts.keepGoing()
+            }
         }
-        AlertCard {
+        Loader {
             width: parent.width
-            visible: root.alerts.scanText !== ""
-            busy: true
-            text: root.alerts.scanText
-            second: Tr.translate("Stop")
-            onSecondActivated: root.library.cancelScan()
+            active: root.alerts.scanText !== ""
+            visible: active
+            sourceComponent: AlertCard {
+                busy: true
+                text: root.alerts.scanText
+                second: Tr.translate("Stop")
+                onSecondActivated: root.library.cancelScan()
+            }
         }
-        AlertCard {
+        Loader {
             width: parent.width
-            visible: root.alerts.reportText !== ""
-            icon: "check"
-            iconColor: Theme.ok
-            text: root.alerts.reportText
-            second: Tr.translate("Close")
-            onSecondActivated: root.alerts.dismissReport()
+            active: root.alerts.reportText !== ""
+            visible: active
+            sourceComponent: AlertCard {
+                icon: "check"
+                iconColor: Theme.ok
+                text: root.alerts.reportText
+                second: Tr.translate("Close")
+                onSecondActivated: root.alerts.dismissReport()
+            }
         }
     }
 }

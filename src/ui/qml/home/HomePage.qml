@@ -27,13 +27,17 @@ ScrollPage {
             library: root.library
             alerts: root.alerts
         }
-        Welcome {
-            visible: !root.home.hasGames
-            focus: visible
+        Loader {
+            active: !root.home.hasGames
+            visible: active
+            focus: active
             width: parent.width
-            height: visible ? Math.max(implicitHeight, root.height - y - 64) : 0
-            scanning: root.library.scanning
-            onFolderWanted: root.folderWanted()
+            height: active ? Math.max(implicitHeight, root.height - y - 64) : 0
+            sourceComponent: Welcome {
+                focus: true
+                scanning: root.library.scanning
+                onFolderWanted: root.folderWanted()
+            }
         }
         Item {
             visible: root.home.hasGames

@@ -14,27 +14,29 @@ DropArea {
             root.notices.show(Tr.translate("Only files and folders on this computer can be added."), "warn")
     }
 
-    Rectangle {
+    Loader {
         anchors.fill: parent
-        visible: root.containsDrag
-        color: Theme.scrim
-        DashedFrame {
-            anchors.fill: parent
-            anchors.margins: 24
-            radius: 28
-            color: Theme.accent
-        }
-        Column {
-            anchors.centerIn: parent
-            spacing: 20
-            Icon {
-                anchors.horizontalCenter: parent.horizontalCenter
-                name: "drop"
-                size: 64
+        active: root.containsDrag
+        sourceComponent: Rectangle {
+            color: Theme.scrim
+            DashedFrame {
+                anchors.fill: parent
+                anchors.margins: 24
+                radius: 28
+                color: Theme.accent
             }
-            Heading {
-                text: Tr.translate("Drop games or folders of games to add them")
-                size: 34
+            Column {
+                anchors.centerIn: parent
+                spacing: 20
+                Icon {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    name: "drop"
+                    size: 64
+                }
+                Heading {
+                    text: Tr.translate("Drop games or folders of games to add them")
+                    size: 34
+                }
             }
         }
     }
