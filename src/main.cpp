@@ -117,8 +117,9 @@ private:
     {
         if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance())) return reply.finish(askLater);
         if (!m_window && !buildWindow()) {
-            reply.printError(m_translator.translate(
-                u"The window can't be built: modules of Qt Quick are missing. ./run installs them.\n"_s));
+            reply.printError(
+                m_translator.fill(u"The window can't be built. “%@” says why; ./run installs what may be missing.\n"_s,
+                                  {m_places.logFile()}));
             return reply.finish(1);
         }
         if (command.kind == Command::Kind::openBigPicture)
@@ -130,9 +131,12 @@ private:
 
     bool buildWindow()
     {
-        m_window = std::make_unique<VelkoWindow>(
-            WindowParts{m_state, m_library, m_emulators, m_preferences, m_translator, *m_clock, m_tasks, m_places});
-        if (!m_window->load()) return false;
+        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_emulators, m_preferences,
+                                                             m_translator, *m_clock, m_tasks, *m_workspace, m_places});
+        if (!m_window->load()) {
+            m_window.reset();
+            return false;
+        }
         QQuickWindow *window = m_window->window();
         QObject::connect(
             window, &QWindow::visibleChanged, &m_commands, [this] { endWhenIdle(); }, Qt::QueuedConnection);

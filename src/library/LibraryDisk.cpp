@@ -44,10 +44,11 @@ static void syncFolder(const QString &folder)
 }
 
 /// Nothing when all went well, else the system's reason. QSaveFile alone would not notice that the disk refused.
-static std::optional<QString> writeWhole(const QString &name, const QByteArray &content)
+static std::optional<QString> writeWhole(const QString &name, const QList<GameEntry> &games,
+                                         const QString &velkoFolder = {})
 {
     QSaveFile file(name);
-    if (!file.open(QFile::WriteOnly) || file.write(content) != content.size() || !file.flush())
+    if (!file.open(QFile::WriteOnly) || !writeLibrary(file, games, velkoFolder) || !file.flush())
         return file.errorString();
     if (::fsync(file.handle()) != 0) return qt_error_string();
     if (!file.commit()) return file.errorString();
@@ -125,7 +126,7 @@ Result<void> LibraryDisk::write(const QList<GameEntry> &games, const QDateTime &
                        {m_file}};
     }
     if (m_found == Found::good) keepBackup(dayKey(now));
-    if (const auto reason = writeWhole(m_file, encodeLibrary(games))) {
+    if (const auto reason = writeWhole(m_file, games)) {
         return Message{u"Velko couldn't save your library to %@ (%@). Free some space or make the folder writable; the "
                        "next change is saved again."_s,
                        {m_file, *reason}};
@@ -142,7 +143,7 @@ void LibraryDisk::writePortableCopy(const QList<GameEntry> &games) const
     if (!QFileInfo(folder).isDir()) return;
     const QString copy = folder + u"/Velko Library.json"_s;
     QFile::rename(folder + u"/VelkoEmu Library.json"_s, copy); // does nothing when the copy is there already
-    writeWhole(copy, encodeLibrary(games, folder));
+    writeWhole(copy, games, folder);
 }
 
 QString LibraryDisk::newestBackup() const

@@ -1,5 +1,6 @@
 #include "library/LibraryFile.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <algorithm>
 #include <charconv>
@@ -9,35 +10,48 @@
 
 namespace {
 
-/// JSON text that grows at its end.
+/// JSON text on its way to a file, piece by piece: a text of all games would cost more memory, and time for it.
 class Writer {
 public:
-    explicit Writer(qsizetype expected) { m_text.resize(expected); }
+    explicit Writer(QIODevice &device) : m_device(device) { m_piece.resize(2 * pieceSize); }
 
     void raw(std::string_view text)
     {
-        char *end = room(qsizetype(text.size()));
-        std::memcpy(end, text.data(), text.size());
+        std::memcpy(room(qsizetype(text.size())), text.data(), text.size());
         m_size += qsizetype(text.size());
     }
     void text(QStringView text);
     void number(double number);
     void number(qint64 number);
-    QByteArray take()
+
+    void passOn() ///< what is written so far may go to the file
     {
-        m_text.truncate(m_size);
-        return std::move(m_text);
+        if (m_size >= pieceSize) flush();
+    }
+    bool finish() ///< answers whether the file took all
+    {
+        flush();
+        return m_whole;
     }
 
 private:
+    static constexpr qsizetype pieceSize = 128 * 1024;
+
     char *room(qsizetype bytes)
     {
-        if (m_size + bytes > m_text.size()) m_text.resize(std::max(m_size + bytes, m_text.size() * 2));
-        return m_text.data() + m_size;
+        if (m_size + bytes > m_piece.size()) m_piece.resize(std::max(m_size + bytes, m_piece.size() * 2));
+        return m_piece.data() + m_size;
+    }
+    void flush()
+    {
+        m_whole = m_whole && m_device.write(m_piece.constData(), m_size) == m_size;
+        m_size = 0;
     }
 
-    QByteArray m_text;
+    QIODevice &m_device;
+    QByteArray m_piece;
     qsizetype m_size = 0;
+    bool m_whole = true;
 };
 
 char *escaped(char *to, char16_t c)
@@ -80,12 +94,8 @@ char *utf8(char *to, char32_t c)
     return to;
 }
 
-void Writer::text(QStringView text)
+char *escapedText(char *to, QStringView text)
 {
-    // One unit of UTF-16 becomes six bytes at most.
-    char *const start = room(text.size() * 6 + 2);
-    char *to = start;
-    *to++ = '"';
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t c = text[i].unicode();
         if (c < 0x20 || c == '"' || c == '\\') {
@@ -100,6 +110,31 @@ void Writer::text(QStringView text)
             to = utf8(to, QChar::ReplacementCharacter);
         }
     }
+    return to;
+}
+
+/// Whether every character is written as it is, in one byte. Without an early end, so that the compiler looks at many
+/// characters at a time.
+bool isPlain(QStringView text)
+{
+    bool plain = true;
+    for (const QChar c : text)
+        plain &= c >= u' ' && c < u'\x7F' && c != u'"' && c != u'\\';
+    return plain;
+}
+
+void Writer::text(QStringView text)
+{
+    // One unit of UTF-16 becomes six bytes at most.
+    char *const start = room(text.size() * 6 + 2);
+    char *to = start;
+    *to++ = '"';
+    if (isPlain(text)) {
+        for (const QChar c : text)
+            *to++ = char(c.unicode());
+    } else {
+        to = escapedText(to, text);
+    }
     *to++ = '"';
     m_size += to - start;
 }
@@ -107,8 +142,22 @@ void Writer::text(QStringView text)
 /// The shortest form that reads back as the same number.
 void Writer::number(double number)
 {
-    char *end = room(32);
-    m_size += std::to_chars(end, end + 32, std::isfinite(number) ? number : 0.0).ptr - end;
+    char *start = room(32);
+    char *end = start;
+    // Nearly all are whole milliseconds, and written fast as such. 15 digits always read back.
+    const double thousandths = std::round(number * 1000);
+    if (std::abs(thousandths) < 1e15 && thousandths / 1000 == number) {
+        qint64 left = qint64(std::abs(thousandths));
+        if (thousandths < 0) *end++ = '-';
+        end = std::to_chars(end, start + 32, left / 1000).ptr;
+        left %= 1000;
+        if (left) *end++ = '.';
+        for (int digit = 100; left; left %= digit, digit /= 10)
+            *end++ = char('0' + left / digit);
+    } else {
+        end = std::to_chars(start, start + 32, std::isfinite(number) ? number : 0.0).ptr;
+    }
+    m_size += end - start;
 }
 
 void Writer::number(qint64 number)
@@ -226,18 +275,27 @@ void write(Writer &to, const GameEntry &game, const QString &velkoFolder)
 
 }
 
-QByteArray encodeLibrary(const QList<GameEntry> &games, const QString &velkoFolder)
+bool writeLibrary(QIODevice &file, const QList<GameEntry> &games, const QString &velkoFolder)
 {
-    Writer to(games.size() * 512 + 16);
+    Writer to(file);
     to.raw("[");
     const char *separator = "";
     for (const GameEntry &game : games) {
         to.raw(separator);
         write(to, game, velkoFolder);
+        to.passOn();
         separator = ",";
     }
     to.raw("]");
-    return to.take();
+    return to.finish();
+}
+
+QByteArray encodeLibrary(const QList<GameEntry> &games)
+{
+    QBuffer buffer;
+    buffer.open(QBuffer::WriteOnly);
+    writeLibrary(buffer, games);
+    return buffer.data();
 }
 
 QString portablePath(const QString &path, const QString &velkoFolder)

@@ -60,6 +60,7 @@ QString FolderList::emptyText() const
 
 void FolderList::open(const QString &folder)
 {
+    m_left = m_folder;
     m_folder = folder.isEmpty() ? m_places.home : QDir::cleanPath(folder);
     m_loading = true;
     show({});
@@ -72,6 +73,7 @@ void FolderList::open(const QString &folder)
             m_placeList = listing.places;
             show(listing);
             emit placesChanged();
+            emit listed();
         });
 }
 
@@ -80,7 +82,7 @@ FolderList::Listing FolderList::read(const QString &folder, const Places &places
     const QDir directory(folder);
     Listing listing{directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot), directory.isReadable(),
                     folderPlaces(places)};
-    QCollator order;
+    QCollator order(QLocale(QLocale::English)); // the plain "C" locale cannot count
     order.setNumericMode(true);
     order.setCaseSensitivity(Qt::CaseInsensitive);
     std::sort(listing.names.begin(), listing.names.end(), order);
@@ -96,9 +98,10 @@ void FolderList::show(const Listing &listing)
     emit loadingChanged();
 }
 
-int FolderList::rowOf(const QString &path) const
+int FolderList::startRow() const
 {
-    return QFileInfo(path).absolutePath() == m_folder ? int(m_names.indexOf(QFileInfo(path).fileName())) : -1;
+    const QFileInfo left(m_left);
+    return left.absolutePath() == m_folder ? int(qMax<qsizetype>(0, m_names.indexOf(left.fileName()))) : 0;
 }
 
 int FolderList::rowCount(const QModelIndex &parent) const

@@ -30,6 +30,7 @@ class FolderList : public QAbstractListModel {
     Q_PROPERTY(QString parentFolder READ parentFolder NOTIFY folderChanged)
     Q_PROPERTY(QVariantList places READ places NOTIFY placesChanged)
     Q_PROPERTY(bool loading READ loading NOTIFY loadingChanged)
+    Q_PROPERTY(int startRow READ startRow NOTIFY listed)
     Q_PROPERTY(QString emptyText READ emptyText NOTIFY loadingChanged)
 public:
     enum Role { Name = Qt::UserRole + 1, Path };
@@ -42,10 +43,9 @@ public:
     QVariantList places() const; ///< name, path and icon of each
     bool loading() const { return m_loading; }
     QString emptyText() const; ///< why no folder is listed
+    int startRow() const; ///< where to begin: at the folder that was just left, else at the first
 
     Q_INVOKABLE void open(const QString &folder); ///< empty: the home folder; reads the places anew as well
-    Q_INVOKABLE int rowOf(const QString &path) const; ///< -1: not listed
-
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
@@ -54,6 +54,7 @@ signals:
     void folderChanged();
     void placesChanged();
     void loadingChanged();
+    void listed(); ///< the folder that was opened
 
 private:
     struct Listing {
@@ -68,6 +69,7 @@ private:
     Tasks &m_tasks;
     const Translator &m_translator;
     QString m_folder;
+    QString m_left; ///< the folder that was open before
     QStringList m_names;
     QList<FolderPlace> m_placeList;
     bool m_loading = false;

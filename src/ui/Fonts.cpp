@@ -2,37 +2,27 @@
 
 #include "platform/Tasks.h"
 
-#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QGuiApplication>
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-static QString firstInstalled(const QStringList &families)
+void nameFontSubstitutes()
 {
-    const auto family = std::ranges::find_if(families, &QFontDatabase::hasFamily);
-    return family == families.end() ? QGuiApplication::font().family() : *family;
-}
-
-QString Fonts::text() const
-{
-    return firstInstalled({u"Inter"_s, u"Noto Sans"_s, u"DejaVu Sans"_s});
-}
-
-QString Fonts::display() const
-{
-    return firstInstalled({u"Inter Display"_s, u"Inter"_s, u"Noto Sans"_s, u"DejaVu Sans"_s});
+    // Qt does not guard the list, and the task below reads it.
+    if (!QFont::substitutes(u"Inter"_s).isEmpty()) return;
+    QFont::insertSubstitutions(u"Inter"_s, {u"Noto Sans"_s, u"DejaVu Sans"_s});
+    QFont::insertSubstitutions(u"Inter Display"_s, {u"Inter"_s, u"Noto Sans"_s, u"DejaVu Sans"_s});
 }
 
 void readFonts(Tasks &tasks)
 {
+    nameFontSubstitutes();
     tasks.run(
         QCoreApplication::instance(),
         [] {
-            const Fonts fonts;
             // What stands in for a family's missing letters is looked up with its first font, for all sizes.
-            for (const QString &family : {fonts.text(), fonts.display(), QGuiApplication::font().family()})
+            for (const QString &family : {u"Inter"_s, u"Inter Display"_s, QGuiApplication::font().family()})
                 static_cast<void>(QFontMetricsF(QFont(family)).height());
         },
         [] {});

@@ -1,23 +1,11 @@
 #pragma once
 
-#include <QObject>
-#include <qqmlregistration.h>
-
-class QQmlEngine;
 class Tasks;
 
-/// The families that texts are set in: the first of a list that is installed, else the system's own.
-class Fonts : public QObject {
-    Q_OBJECT
-    QML_ELEMENT
-    QML_SINGLETON
-    Q_PROPERTY(QString text READ text CONSTANT)
-    Q_PROPERTY(QString display READ display CONSTANT)
-public:
-    QString text() const; ///< for running text
-    QString display() const; ///< for titles and large numbers
-};
+/// Names what stands in for the families of the texts where they are not installed. The first call counts; it comes
+/// before any text is laid out.
+void nameFontSubstitutes();
 
 /// Reading what is installed takes long where there are thousands of fonts. Begun early and in the background, it is
-/// done or nearly done when the first text is laid out. Needs a QGuiApplication.
+/// done or nearly done when the first text is laid out. Names the substitutes as well. Needs a QGuiApplication.
 void readFonts(Tasks &tasks);

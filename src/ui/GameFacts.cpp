@@ -13,7 +13,6 @@
 #include "ui/models/EngineStatus.h"
 #include "ui/models/PlayTimeText.h"
 
-#include <QDesktopServices>
 #include <QFileInfo>
 #include <QTimeZone>
 #include <QUrl>
@@ -24,7 +23,8 @@ static constexpr int chartDays = 14;
 
 GameFacts::GameFacts(const Sources &sources, QObject *parent)
     : QObject(parent), m_library(sources.library), m_emulators(sources.emulators), m_preferences(sources.preferences),
-      m_translator(sources.translator), m_clock(sources.clock), m_tasks(sources.tasks), m_host(sources.host)
+      m_translator(sources.translator), m_clock(sources.clock), m_tasks(sources.tasks), m_workspace(sources.workspace),
+      m_host(sources.host)
 {
     connect(&m_library, &LibraryStore::gamesChanged, this, &GameFacts::changed);
     connect(&m_library, &LibraryStore::libraryReplaced, this, &GameFacts::changed);
@@ -339,5 +339,5 @@ void GameFacts::remove()
 
 void GameFacts::showInFolder() const
 {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path()).absolutePath()));
+    m_workspace.openAddress(QUrl::fromLocalFile(QFileInfo(path()).absolutePath()));
 }

@@ -62,6 +62,7 @@ public:
         const Translator &translator;
         const Clock &clock;
         Tasks &tasks;
+        Workspace &workspace;
         Host host;
     };
 
@@ -136,6 +137,7 @@ private:
     const Translator &m_translator;
     const Clock &m_clock;
     Tasks &m_tasks;
+    Workspace &m_workspace;
     const Host m_host;
     QString m_gameID;
     QString m_size;

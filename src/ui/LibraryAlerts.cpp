@@ -37,6 +37,7 @@ QString LibraryAlerts::setAsideText() const
 
 QString LibraryAlerts::restoreText() const
 {
+    if (m_library.setAsideFile().isEmpty()) return {}; // copies are looked for on disk
     const QString backup = m_library.newestBackup();
     if (backup.isEmpty()) return {};
     // Copies carry their day at the end of their names.

@@ -13,5 +13,6 @@ bool hasGraphicsCard(const QString &folder)
 void chooseRenderer()
 {
     if (qEnvironmentVariableIsSet("QT_QUICK_BACKEND") || hasGraphicsCard(u"/dev/dri"_s)) return;
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    // A second choice comes too late and is complained about.
+    if (QQuickWindow::sceneGraphBackend() != u"software") QQuickWindow::setSceneGraphBackend(u"software"_s);
 }

@@ -9,6 +9,7 @@
 #include "ui/CoverImageProvider.h"
 #include "ui/FocusKeeper.h"
 #include "ui/FolderList.h"
+#include "ui/Fonts.h"
 #include "ui/FrameImageProvider.h"
 #include "ui/GlowImageProvider.h"
 #include "ui/HomeFacts.h"
@@ -36,7 +37,7 @@ static QUrl page(const QString &name)
 struct VelkoWindow::Content {
     explicit Content(const WindowParts &given)
         : parts(given), sources{given.library, given.emulators, given.preferences, given.translator,
-                                given.clock,   given.tasks,     given.places.host},
+                                given.clock,   given.tasks,     given.workspace,   given.places.host},
           home(sources), openGame(sources), alerts(given.library, given.translator), notices(given.clock),
           folders(given.places, given.tasks, given.translator),
           lists(given.library, given.emulators, given.app, given.preferences, given.translator, given.places)
@@ -59,6 +60,7 @@ struct VelkoWindow::Content {
 static WindowParts withRenderer(const WindowParts &parts)
 {
     chooseRenderer();
+    nameFontSubstitutes();
     qml_register_types_Velko();
     return parts;
 }

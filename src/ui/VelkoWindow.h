@@ -10,6 +10,7 @@ class Preferences;
 class QQuickWindow;
 class Tasks;
 class Translator;
+class Workspace;
 struct Places;
 
 /// What the window shows and acts on. All of it outlives the window.
@@ -21,6 +22,7 @@ struct WindowParts {
     Translator &translator;
     Clock &clock;
     Tasks &tasks;
+    Workspace &workspace;
     const Places &places;
 };
 

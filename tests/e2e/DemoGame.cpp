@@ -47,5 +47,5 @@ std::optional<DesktopWindow> waitForDemoGame(VirtualDisplay &display, std::chron
 bool isMoving(VirtualDisplay &display)
 {
     const QImage before = display.desktop().picture();
-    return waitFor(3s, [&] { return display.desktop().picture() != before; });
+    return waitFor(10s, [&] { return display.desktop().picture() != before; });
 }

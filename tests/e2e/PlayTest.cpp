@@ -33,7 +33,7 @@ TEST(Play, countsARealSession)
     ASSERT_TRUE(installDemoGame(display));
 
     Program play(display, {u"play"_s, demoGameTitle});
-    ASSERT_TRUE(waitFor(10s, [&] { return !emulators(display).isEmpty(); })) << play.errors().constData();
+    ASSERT_TRUE(waitFor(30s, [&] { return !emulators(display).isEmpty(); })) << play.errors().constData();
     QElapsedTimer session;
     session.start();
     const auto window = waitForDemoGame(display, 15s);
@@ -44,7 +44,7 @@ TEST(Play, countsARealSession)
     EXPECT_TRUE(play.isRunning());
 
     display.desktop().close(window->id);
-    ASSERT_TRUE(waitFor(5s, [&] { return emulators(display).isEmpty(); }));
+    ASSERT_TRUE(waitFor(20s, [&] { return emulators(display).isEmpty(); }));
     const double measured = double(session.elapsed()) / 1000;
     ASSERT_TRUE(play.ends(5s));
     EXPECT_EQ(play.status(), 0) << play.errors().constData();
@@ -58,7 +58,7 @@ TEST(Play, countsARealSession)
     EXPECT_EQ(game[u"sessionCount"].toInt(), 1);
     EXPECT_NEAR(game[u"lastSessionSeconds"].toDouble(), measured, 1);
     EXPECT_NEAR(game[u"playSeconds"].toDouble(), game[u"lastSessionSeconds"].toDouble(), 0.05);
-    EXPECT_TRUE(waitFor(2s, [&] { return display.programs().isEmpty(); }))
+    EXPECT_TRUE(waitFor(10s, [&] { return display.programs().isEmpty(); }))
         << qPrintable(commandLines(display.programs()));
 
     const auto save = demoGameSave(display);
@@ -89,7 +89,7 @@ TEST(Play, leavesTheGameAloneWhenVelkoIsKilled)
     EXPECT_TRUE(gamesOf(list.output()));
 
     display.desktop().close(window->id);
-    EXPECT_TRUE(waitFor(5s, [&] { return display.programs().isEmpty(); }))
+    EXPECT_TRUE(waitFor(20s, [&] { return display.programs().isEmpty(); }))
         << qPrintable(commandLines(display.programs()));
 }
 

@@ -58,7 +58,7 @@ void killTree(qint64 pid)
     const QList<qint64> all = QList<qint64>{pid} + descendants(pid);
     for (const qint64 one : all)
         kill(pid_t(one), SIGKILL);
-    waitFor(2s, [&] { return std::ranges::none_of(all, isRunning); });
+    waitFor(10s, [&] { return std::ranges::none_of(all, isRunning); });
     for (const qint64 one : all)
         waitpid(pid_t(one), nullptr, WNOHANG);
 }

@@ -28,7 +28,7 @@ VirtualDisplay::VirtualDisplay()
     m_windowManager.setStandardErrorFile(QProcess::nullDevice());
     m_windowManager.start(u"openbox"_s, {u"--sm-disable"_s});
     m_desktop = std::make_unique<Desktop>(m_display);
-    waitFor(5s, [this] { return m_desktop->hasWindowManager(); });
+    waitFor(20s, [this] { return m_desktop->hasWindowManager(); });
 }
 
 VirtualDisplay::~VirtualDisplay()
@@ -53,7 +53,7 @@ QByteArray VirtualDisplay::start(QProcess &service, const QString &program, cons
     service.setStandardErrorFile(QProcess::nullDevice());
     service.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
     service.start(program, arguments);
-    waitFor(10s, [&] { return service.canReadLine() || service.state() == QProcess::NotRunning; });
+    waitFor(20s, [&] { return service.canReadLine() || service.state() == QProcess::NotRunning; });
     return service.readLine().trimmed();
 }
 

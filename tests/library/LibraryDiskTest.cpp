@@ -1,4 +1,5 @@
 #include "LibraryHouse.h"
+#include "OrdinaryUser.h"
 
 #include <csignal>
 #include <gtest/gtest.h>
@@ -11,24 +12,6 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 static const QString setAsideName = u"library.json.unreadable-2026-03-14 20.00.00"_s;
-
-/// As long as it lives, files obey their permissions even when the tests run as root, who may do everything.
-class OrdinaryUser {
-public:
-    explicit OrdinaryUser(const QString &home)
-    {
-        if (::geteuid() != 0) return;
-        QProcess::execute(u"chown"_s, {u"-R"_s, u"nobody"_s, home});
-        m_changed = ::seteuid(65534) == 0;
-    }
-    ~OrdinaryUser()
-    {
-        if (m_changed && ::seteuid(0) != 0) qFatal("cannot be root again");
-    }
-
-private:
-    bool m_changed = false;
-};
 
 TEST(LibraryDisk, setsAnUnreadableFileAsideBeforeTheFirstSave)
 {

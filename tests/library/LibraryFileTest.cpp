@@ -176,7 +176,8 @@ TEST(LibraryFile, givesBackEveryNumber)
 {
     GameEntry game;
     game.id = QString::fromLatin1(idA);
-    for (const double number : {0.1, 1.0 / 3, 5e-324, 1.7976931348623157e308, 9007199254740993.0, 793825200.123456}) {
+    for (const double number : {0.1, 0.001, -0.05, 1.0 / 3, 5e-324, 1.7976931348623157e308, 9007199254740993.0, 1e15,
+                                999999999999.999, -793825200.12, 793825200.123456, 0.3 - 0.1, 1e-4}) {
         game.playSeconds = number;
         game.sessionCount = std::numeric_limits<qint64>::max();
         const auto read = decodeLibrary(encodeLibrary({game}));

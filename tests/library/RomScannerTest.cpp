@@ -1,6 +1,8 @@
 #include "library/RomScanner.h"
 #include "library/ScanReport.h"
 
+#include "OrdinaryUser.h"
+
 #include "fakes/TemporaryHome.h"
 
 #include <gtest/gtest.h>
@@ -169,6 +171,19 @@ TEST(RomScanner, keepsWhatItFoundWhenCancelled)
         });
     EXPECT_TRUE(findings.cancelled);
     EXPECT_EQ(findings.hits.size(), 255);
+}
+
+TEST(RomScanner, passesOverFoldersThatItMayNotRead)
+{
+    const TemporaryHome home;
+    home.write(u"Roms/Closed/G.sfc"_s);
+    home.write(u"Roms/Open/H.sfc"_s);
+    const OrdinaryUser user(home.path());
+    const QByteArray closed = home.path().toUtf8() + "/Roms/Closed";
+    ASSERT_EQ(::chmod(closed.constData(), 0), 0);
+    EXPECT_EQ(scanned(home, {}), QStringList{u"snes H"_s});
+    EXPECT_EQ(RomScanner(Host::linux).scan({QString::fromUtf8(closed)}, always).unopened.size(), 1);
+    ASSERT_EQ(::chmod(closed.constData(), 0755), 0);
 }
 
 struct GivenRow {

@@ -89,7 +89,7 @@ Item {
                 anchors.centerIn: parent
                 text: root.consoleShort
                 size: 12
-                font.weight: 650
+                font.weight: 700
                 color: "#F4F1EB"
             }
         }

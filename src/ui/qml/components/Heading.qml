@@ -8,7 +8,7 @@ Text {
     color: Theme.t1
     font.family: Theme.displayFamily
     font.pixelSize: Theme.dtxt(size)
-    font.weight: 650
+    font.weight: 700
     font.letterSpacing: -0.022 * Theme.dtxt(size)
     renderType: Theme.textRendering
     textFormat: Text.PlainText

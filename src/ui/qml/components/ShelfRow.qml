@@ -37,6 +37,7 @@ FocusScope {
         highlightMoveDuration: Theme.scroll
         readonly property bool lit: activeFocus && Theme.inputMode !== "pointer"
         onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Contain)
+        onActiveFocusChanged: currentIndex = Math.max(0, currentIndex)
         Accessible.role: Accessible.List
         Accessible.name: root.name
         Keys.onReturnPressed: event => { if (!event.isAutoRepeat && currentItem) root.opened((currentItem as ShelfCover).gameID) }

@@ -11,6 +11,7 @@ Sheet {
     panelWidth: 920
     panelHeight: 660
     Component.onCompleted: root.folders.open("")
+    Keys.onBackPressed: if (root.folders.parentFolder !== "") root.folders.open(root.folders.parentFolder)
 
     Row {
         width: root.body.width
@@ -83,6 +84,10 @@ Sheet {
                     model: root.folders
                     Accessible.role: Accessible.List
                     Accessible.name: root.folders.folderName
+                    Connections {
+                        target: root.folders
+                        function onListed() { list.currentIndex = root.folders.startRow }
+                    }
                     Keys.onReturnPressed: (currentItem as FolderRow)?.activated()
                     Keys.onEnterPressed: (currentItem as FolderRow)?.activated()
                     delegate: FolderRow {

@@ -69,7 +69,7 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             text: root.shortName
             size: 12.5
-            font.weight: 650
+            font.weight: 700
             color: button.quietInk
         }
         Label {

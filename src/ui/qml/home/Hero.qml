@@ -53,7 +53,7 @@ FocusScope {
             width: parent.width
             text: root.game.title
             size: root.width >= 1000 ? 58 : root.width >= 700 ? 46 : 34
-            font.weight: 680
+            font.weight: 700
             lineHeight: 0.9
             wrapMode: Text.Wrap
             maximumLineCount: 2

@@ -14,7 +14,7 @@ FocusScope {
     Heading {
         y: 16
         text: root.title
-        font.weight: 620
+        font.weight: 600
     }
     ShelfRow {
         id: row

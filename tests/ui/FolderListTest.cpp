@@ -1,0 +1,61 @@
+#include "ui/FolderList.h"
+
+#include "ui/ListHouse.h"
+
+#include <QAbstractItemModelTester>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+struct FolderHouse : ListHouse {
+    FolderList list{places, tasks, translator};
+    QAbstractItemModelTester tester{&list, QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+TEST(FolderList, listsFoldersAsPeopleCountAndNoFiles)
+{
+    FolderHouse house;
+    for (const QString &name :
+         {u"Games/disc 10/a.bin"_s, u"Games/Disc 2/a.bin"_s, u"Games/.hidden/x"_s, u"Games/b.bin"_s})
+        house.home.write(name);
+    house.list.open(house.home.path() + u"/Games/"_s);
+    EXPECT_EQ(column(house.list, FolderList::Name), (QStringList{u"Disc 2"_s, u"disc 10"_s}));
+    EXPECT_EQ(house.list.folderName(), u"~/Games"_s);
+    EXPECT_EQ(house.list.parentFolder(), house.home.path());
+    house.list.open(house.home.path() + u"/Games/disc 10"_s);
+    house.list.open(house.list.parentFolder());
+    EXPECT_EQ(house.list.startRow(), 1);
+}
+
+TEST(FolderList, beginsAtHomeAndEndsAtTheTop)
+{
+    FolderHouse house;
+    house.list.open({});
+    EXPECT_EQ(house.list.folder(), house.places.home);
+    house.list.open(u"/"_s);
+    EXPECT_EQ(house.list.parentFolder(), QString());
+    EXPECT_EQ(house.list.index(0).data(FolderList::Path).toString().count(u'/'), 1);
+}
+
+TEST(FolderList, saysWhyItIsEmpty)
+{
+    FolderHouse house;
+    house.home.write(u"Games/a.bin"_s);
+    house.list.open(house.home.path() + u"/Games"_s);
+    EXPECT_EQ(house.list.emptyText(), u"No folders in here. You can add this one."_s);
+    house.list.open(house.home.path() + u"/nowhere"_s);
+    EXPECT_EQ(house.list.emptyText(), u"This folder can't be read. Choose another one."_s);
+}
+
+TEST(FolderList, dropsAListingThatComesTooLate)
+{
+    FolderHouse house;
+    house.home.write(u"One/inside/x"_s);
+    house.tasks.immediate = false;
+    house.list.open(house.home.path() + u"/One"_s);
+    house.list.open(house.home.path() + u"/One/inside"_s);
+    std::swap(house.tasks.waiting[0], house.tasks.waiting[1]);
+    house.tasks.finish();
+    EXPECT_EQ(house.list.rowCount(), 0);
+    EXPECT_FALSE(house.list.loading());
+}

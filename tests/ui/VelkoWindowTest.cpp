@@ -1,0 +1,174 @@
+#include "ui/VelkoWindow.h"
+
+#include "platform/linux/LinuxServices.h"
+#include "ui/ListHouse.h"
+
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QRandomGenerator>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+static QStringList warnings;
+
+static void keepWarning(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type != QtDebugMsg && type != QtInfoMsg) warnings += text;
+}
+
+/// The real window, offscreen, with a few games. Pictures are made in the background, as always.
+struct WindowHouse : ListHouse {
+    std::unique_ptr<Tasks> background = makeTasks();
+    std::unique_ptr<VelkoWindow> velko;
+
+    explicit WindowHouse(int games)
+    {
+        warnings.clear();
+        qInstallMessageHandler(keepWarning);
+        const QStringList systems{u"gba"_s, u"ps2"_s, u"snes"_s, u"n64"_s};
+        for (int i = 0; i < games; ++i) {
+            const QString id =
+                add(u"Game %1"_s.arg(i), systems[i % 4], i % 2 ? std::optional<double>(i) : std::nullopt);
+            store->setFavorite(id, i % 5 == 0);
+        }
+        emulators.refresh();
+        velko = std::make_unique<VelkoWindow>(
+            WindowParts{state, *store, emulators, preferences, translator, clock, *background, workspace, places});
+    }
+    ~WindowHouse()
+    {
+        velko.reset();
+        qInstallMessageHandler(nullptr);
+    }
+
+    bool show(QSize size = {1280, 800})
+    {
+        if (!velko->load()) return false;
+        window()->resize(size);
+        window()->show();
+        return QTest::qWaitForWindowExposed(window()) && settled();
+    }
+    QQuickWindow *window() const { return velko->window(); }
+    bool settled() const
+    {
+        for (int i = 0; i < 5; ++i)
+            QCoreApplication::processEvents();
+        return true;
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(window(), key, modifiers);
+        settled();
+    }
+    /// The control that has the focus: what Tab reaches, itself or around the focused item.
+    QQuickItem *control() const
+    {
+        QQuickItem *item = window()->activeFocusItem();
+        while (item && !item->activeFocusOnTab())
+            item = item->parentItem();
+        return item && item->isVisible() && item->isEnabled() ? item : nullptr;
+    }
+    QString focusedGame() const { return window()->activeFocusItem()->property("gameID").toString(); }
+};
+
+TEST(VelkoWindow, showsEveryTabWithAFocusAndWithoutAWarning)
+{
+    WindowHouse house(24);
+    ASSERT_TRUE(house.show());
+    for (int tab = 0; tab < appTabs().size(); ++tab) {
+        house.press(Qt::Key(Qt::Key_1 + tab), Qt::ControlModifier);
+        EXPECT_EQ(house.state.tab(), appTabs()[tab]);
+        EXPECT_TRUE(house.control()) << tab;
+    }
+    EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
+}
+
+TEST(VelkoWindow, neverLosesTheFocus)
+{
+    WindowHouse house(24);
+    ASSERT_TRUE(house.show({1000, 640}));
+    const QList<Qt::Key> keys{Qt::Key_Down,  Qt::Key_Right,  Qt::Key_Up,   Qt::Key_Left,     Qt::Key_Tab,
+                              Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Right};
+    QRandomGenerator dice(11);
+    for (int i = 0; i < 400; ++i) {
+        if (i % 40 == 0) house.press(Qt::Key(Qt::Key_1 + i / 40 % 6), Qt::ControlModifier);
+        const Qt::Key key = keys[dice.bounded(int(keys.size()))];
+        house.press(key);
+        ASSERT_TRUE(house.control()) << "key " << i << ": " << key;
+    }
+    EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
+}
+
+TEST(VelkoWindow, shelvesShowTheCoverThatHasTheFocus)
+{
+    WindowHouse house(24);
+    ASSERT_TRUE(house.show());
+    for (int shelf = 0; shelf < 2; ++shelf) {
+        house.press(Qt::Key_Down);
+        EXPECT_FALSE(house.focusedGame().isEmpty()) << "shelf " << shelf;
+    }
+    house.press(Qt::Key_Return);
+    EXPECT_FALSE(house.state.property("detailGame").toString().isEmpty());
+}
+
+TEST(VelkoWindow, comesBackToTheCoverThatOpenedAPage)
+{
+    WindowHouse house(24);
+    ASSERT_TRUE(house.show());
+    house.press(Qt::Key_2, Qt::ControlModifier);
+    house.press(Qt::Key_Right);
+    house.press(Qt::Key_Down);
+    const QString game = house.focusedGame();
+    ASSERT_FALSE(game.isEmpty());
+    house.press(Qt::Key_Return);
+    EXPECT_EQ(house.state.property("detailGame").toString(), game);
+    EXPECT_NE(house.focusedGame(), game);
+    house.press(Qt::Key_Escape);
+    EXPECT_EQ(house.focusedGame(), game);
+}
+
+TEST(VelkoWindow, keepsTheFocusInsideAQuestion)
+{
+    WindowHouse house(3);
+    ASSERT_TRUE(house.show());
+    house.store->launch(house.store->games().first().id); // its file does not exist
+    house.tasks.finish();
+    house.settled();
+    QQuickItem *first = house.control();
+    ASSERT_TRUE(first);
+    for (int i = 0; i < 3; ++i)
+        house.press(Qt::Key_Tab);
+    EXPECT_EQ(house.control(), first);
+    house.press(Qt::Key_Escape);
+    EXPECT_EQ(house.store->missingFile(), QString());
+    EXPECT_EQ(house.store->count(), 3);
+    EXPECT_TRUE(house.control());
+}
+
+TEST(VelkoWindow, emptyLibraryOffersOneAction)
+{
+    WindowHouse house(0);
+    ASSERT_TRUE(house.show());
+    EXPECT_EQ(house.control()->property("text").toString(), u"Add a folder of games"_s);
+    house.press(Qt::Key_Return);
+    EXPECT_TRUE(house.control());
+    house.press(Qt::Key_Escape);
+    EXPECT_EQ(house.control()->property("text").toString(), u"Add a folder of games"_s);
+    EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
+}
+
+TEST(VelkoWindow, drawsNothingWhileNothingHappens)
+{
+    WindowHouse house(24);
+    ASSERT_TRUE(house.show());
+    house.press(Qt::Key_Down);
+    QTest::qWait(700); // the last transition and the pictures
+    int frames = 0;
+    QObject::connect(house.window(), &QQuickWindow::afterRendering, house.window(), [&frames] { ++frames; });
+    QTest::qWait(500);
+    EXPECT_EQ(frames, 0);
+    house.press(Qt::Key_Right);
+    EXPECT_TRUE(QTest::qWaitFor([&frames] { return frames > 0; }));
+}
