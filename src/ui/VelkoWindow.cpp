@@ -75,7 +75,11 @@ VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content
     engine->addImageProvider(u"shadow"_s, new ShadowImageProvider);
     engine->addImageProvider(u"frame"_s, new FrameImageProvider);
     engine->addImageProvider(u"backdrop"_s, new BackdropImageProvider);
-    engine->addImageProvider(u"cover"_s, new CoverImageProvider(parts.library, parts.tasks, parts.places.host));
+    auto *covers = new CoverImageProvider(parts.library, parts.tasks, parts.places.host);
+    engine->addImageProvider(u"cover"_s, covers);
+    QObject::connect(
+        &m_content->view, &QQuickWindow::frameSwapped, &m_content->view, [covers] { covers->begin(); },
+        Qt::SingleShotConnection);
 }
 
 VelkoWindow::~VelkoWindow()
