@@ -77,13 +77,28 @@ QQuickImageResponse *CoverImageProvider::requestImageResponse(const QString &add
     auto *response = new CoverResponse;
     const QPointer<CoverResponse> alive(response);
     // What the answer needs outlives the window; this provider may not.
-    m_tasks.post([alive, &library = m_library, &tasks = m_tasks, host = m_host, request = coverRequest(address)] {
+    const auto answer = [alive, &library = m_library, &tasks = m_tasks, host = m_host,
+                         request = coverRequest(address)] {
         if (!alive) return;
         if (!request || !alive->wanted()) return alive->finish({});
         const CoverPlate plate = coverPlate(*request, library, host);
         tasks.run(
             alive.data(), [plate] { return painted(plate); },
             [alive](const QImage &picture) { alive->finish(picture); });
+    };
+    m_tasks.post([requests = m_requests, answer] {
+        if (!requests->begun)
+            requests->waiting += answer;
+        else
+            answer();
     });
     return response;
+}
+
+void CoverImageProvider::begin()
+{
+    m_requests->begun = true;
+    const auto waiting = std::exchange(m_requests->waiting, {});
+    for (const auto &answer : waiting)
+        answer();
 }

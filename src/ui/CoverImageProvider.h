@@ -4,6 +4,8 @@
 
 #include <QQuickAsyncImageProvider>
 #include <QSize>
+#include <functional>
+#include <memory>
 #include <optional>
 
 class LibraryStore;
@@ -33,7 +35,17 @@ public:
 
     QQuickImageResponse *requestImageResponse(const QString &address, const QSize &requestedSize) override;
 
+    /// Main thread. Until then requests wait, so that painting does not hold up the window's first frame.
+    void begin();
+
 private:
+    /// Main thread.
+    struct Requests {
+        bool begun = false;
+        QList<std::function<void()>> waiting;
+    };
+
+    const std::shared_ptr<Requests> m_requests = std::make_shared<Requests>();
     const LibraryStore &m_library;
     Tasks &m_tasks;
     const Host m_host;

@@ -7,8 +7,17 @@
 
 using namespace Qt::StringLiterals;
 
+void nameFontSubstitutes()
+{
+    // Qt does not guard the list, and the task below reads it.
+    if (!QFont::substitutes(u"Inter"_s).isEmpty()) return;
+    QFont::insertSubstitutions(u"Inter"_s, {u"Noto Sans"_s, u"DejaVu Sans"_s});
+    QFont::insertSubstitutions(u"Inter Display"_s, {u"Inter"_s, u"Noto Sans"_s, u"DejaVu Sans"_s});
+}
+
 void readFonts(Tasks &tasks)
 {
+    nameFontSubstitutes();
     tasks.run(
         QCoreApplication::instance(),
         [] {

@@ -2,6 +2,10 @@
 
 class Tasks;
 
-/// Reading what fonts are installed takes long where there are thousands. Begun early and in the background, it is done
-/// or nearly done when the first text is laid out. Needs a QGuiApplication.
+/// Names what stands in for the families of the texts where they are not installed. The first call counts; it comes
+/// before any text is laid out.
+void nameFontSubstitutes();
+
+/// Reading what is installed takes long where there are thousands of fonts. Begun early and in the background, it is
+/// done or nearly done when the first text is laid out. Names the substitutes as well. Needs a QGuiApplication.
 void readFonts(Tasks &tasks);

@@ -9,6 +9,7 @@
 #include "ui/CoverImageProvider.h"
 #include "ui/FocusKeeper.h"
 #include "ui/FolderList.h"
+#include "ui/Fonts.h"
 #include "ui/FrameImageProvider.h"
 #include "ui/GlowImageProvider.h"
 #include "ui/HomeFacts.h"
@@ -21,7 +22,6 @@
 #include "ui/ShadowImageProvider.h"
 #include "ui/models/LibraryLists.h"
 
-#include <QFont>
 #include <QQmlEngine>
 #include <QQuickView>
 
@@ -56,18 +56,11 @@ struct VelkoWindow::Content {
     InputMode input{&view};
 };
 
-/// What stands in for a family that is not installed, so that nobody has to ask for all families at start.
-static void nameStandIns()
-{
-    QFont::insertSubstitutions(u"Inter"_s, {u"Noto Sans"_s, u"DejaVu Sans"_s});
-    QFont::insertSubstitutions(u"Inter Display"_s, {u"Inter"_s, u"Noto Sans"_s, u"DejaVu Sans"_s});
-}
-
 /// The renderer is chosen before the first window is made.
 static WindowParts withRenderer(const WindowParts &parts)
 {
     chooseRenderer();
-    nameStandIns();
+    nameFontSubstitutes();
     qml_register_types_Velko();
     return parts;
 }
@@ -82,7 +75,11 @@ VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content
     engine->addImageProvider(u"shadow"_s, new ShadowImageProvider);
     engine->addImageProvider(u"frame"_s, new FrameImageProvider);
     engine->addImageProvider(u"backdrop"_s, new BackdropImageProvider);
-    engine->addImageProvider(u"cover"_s, new CoverImageProvider(parts.library, parts.tasks, parts.places.host));
+    auto *covers = new CoverImageProvider(parts.library, parts.tasks, parts.places.host);
+    engine->addImageProvider(u"cover"_s, covers);
+    QObject::connect(
+        &m_content->view, &QQuickWindow::frameSwapped, &m_content->view, [covers] { covers->begin(); },
+        Qt::SingleShotConnection);
 }
 
 VelkoWindow::~VelkoWindow()
