@@ -7,11 +7,23 @@
 
 /// The buttons of a controller by their places on an Xbox one. Triggers count as buttons, pressed beyond half.
 enum class PadButton {
-    dpadLeft, dpadRight, dpadUp, dpadDown,
-    a, b, x, y,
-    leftShoulder, rightShoulder, leftTrigger, rightTrigger,
-    view, menu, share,
-    leftStick, rightStick,
+    dpadLeft,
+    dpadRight,
+    dpadUp,
+    dpadDown,
+    a,
+    b,
+    x,
+    y,
+    leftShoulder,
+    rightShoulder,
+    leftTrigger,
+    rightTrigger,
+    view,
+    menu,
+    share,
+    leftStick,
+    rightStick,
 };
 
 struct Pad {
@@ -26,6 +38,8 @@ class Gamepads : public QObject {
     Q_OBJECT
 public:
     using QObject::QObject;
+    /// Looks for controllers from now on; what is there already is announced as connected. Once is enough.
+    virtual void start() = 0;
     virtual QList<Pad> pads() const = 0; ///< the one connected first comes first
     virtual bool isHeld(int pad, PadButton button) const = 0;
 
