@@ -6,6 +6,7 @@
 #include "platform/ProcessControl.h"
 #include "platform/RequestChannel.h"
 #include "platform/Tasks.h"
+#include "platform/Windows.h"
 #include "platform/Workspace.h"
 
 #include <memory>
@@ -33,3 +34,7 @@ std::unique_ptr<FileIndex> makeFileIndex(const Places &places, const QString &da
 /// lost, too.
 std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places,
                                                    std::chrono::milliseconds patience = std::chrono::seconds(10));
+
+/// On X11, or on XWayland for what runs through it. Connects at once, in a millisecond; `display` is one other than
+/// that of the environment.
+std::unique_ptr<Windows> makeWindows(const QByteArray &display = {});
