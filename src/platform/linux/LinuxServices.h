@@ -2,6 +2,7 @@
 
 #include "platform/Clock.h"
 #include "platform/FileIndex.h"
+#include "platform/Gamepads.h"
 #include "platform/Places.h"
 #include "platform/ProcessControl.h"
 #include "platform/RequestChannel.h"
@@ -38,3 +39,7 @@ std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places,
 /// On X11, or on XWayland for what runs through it. Connects at once, in a millisecond; `display` is one other than
 /// that of the environment.
 std::unique_ptr<Windows> makeWindows(const QByteArray &display = {});
+
+/// Through SDL, without its video and its signal handlers. Costs nothing while no controller is connected or none is
+/// touched. The clock outlives it.
+std::unique_ptr<Gamepads> makeGamepads(Clock &clock, const QString &deviceFolder = QStringLiteral("/dev/input"));
