@@ -12,6 +12,7 @@ public:
     std::set<std::pair<int, PadButton>> held;
 
     void start() override { }
+    Result<void> attachVirtual(const QString &) override { return {}; }
     QList<Pad> pads() const override { return plugged; }
     bool isHeld(int pad, PadButton button) const override { return held.contains({pad, button}); }
 

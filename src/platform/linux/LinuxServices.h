@@ -2,6 +2,7 @@
 
 #include "platform/Clock.h"
 #include "platform/FileIndex.h"
+#include "platform/Gamepads.h"
 #include "platform/Places.h"
 #include "platform/ProcessControl.h"
 #include "platform/RequestChannel.h"
@@ -33,3 +34,7 @@ std::unique_ptr<FileIndex> makeFileIndex(const Places &places, const QString &da
 /// lost, too.
 std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places,
                                                    std::chrono::milliseconds patience = std::chrono::seconds(10));
+
+/// Through SDL, without its video and its signal handlers. Costs nothing while no controller is connected or none is
+/// touched. The clock outlives it.
+std::unique_ptr<Gamepads> makeGamepads(Clock &clock, const QString &deviceFolder = QStringLiteral("/dev/input"));
