@@ -12,7 +12,7 @@
 class FakeWindows final : public Windows {
 public:
     bool available = true;
-    QList<Display> connected{{QStringLiteral("LEFT"), {0, 0, 1920, 1080}, true}};
+    QList<Monitor> connected{{QStringLiteral("LEFT"), {0, 0, 1920, 1080}, true}};
     QList<AppWindow> windows; ///< of all programs, the oldest first
     quint64 active = 0;
     bool choosesDisplay = true; ///< full screen goes to the display that is asked for, else to the window's own
@@ -21,7 +21,7 @@ public:
     bool late = false; ///< moves and full screen wait for `carryOut`
 
     bool isAvailable() const override { return available; }
-    QList<Display> displays() const override { return available ? connected : QList<Display>(); }
+    QList<Monitor> displays() const override { return available ? connected : QList<Monitor>(); }
     QList<AppWindow> windowsOf(const QList<qint64> &pids) const override
     {
         QList<AppWindow> all = available ? windows : QList<AppWindow>();
@@ -90,7 +90,7 @@ public:
         active = window;
         emit activeChanged();
     }
-    void connectDisplays(const QList<Display> &now)
+    void connectDisplays(const QList<Monitor> &now)
     {
         connected = now;
         emit displaysChanged();
