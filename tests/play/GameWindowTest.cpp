@@ -8,8 +8,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const Display left{u"LEFT"_s, {0, 0, 1920, 1080}, true};
-const Display right{u"RIGHT"_s, {1920, 0, 1920, 1080}, false};
+const Monitor left{u"LEFT"_s, {0, 0, 1920, 1080}, true};
+const Monitor right{u"RIGHT"_s, {1920, 0, 1920, 1080}, false};
 const PlayTarget onRight{right, 1, false};
 
 AppWindow window(quint64 id, const QRect &geometry)
@@ -126,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(Edges, Question,
 
 struct ChoiceRow {
     const char *name;
-    QList<Display> displays;
+    QList<Monitor> displays;
     const char *preferred;
     QRect active;
     const char *chosen;
@@ -158,7 +158,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(PlayTarget, isTheMainDisplayWhenItsOwnWasUnplugged)
 {
-    const Display third{u"THIRD"_s, {3840, 0, 1280, 720}, false};
+    const Monitor third{u"THIRD"_s, {3840, 0, 1280, 720}, false};
     EXPECT_EQ(playTarget({left, third}, u"RIGHT"_s), (PlayTarget{left, 0, true}));
 }
 

@@ -10,8 +10,8 @@
 
 #include <gtest/gtest.h>
 
-inline const Display leftDisplay{QStringLiteral("LEFT"), {0, 0, 1920, 1080}, true};
-inline const Display rightDisplay{QStringLiteral("RIGHT"), {1920, 0, 1920, 1080}, false};
+inline const Monitor leftDisplay{QStringLiteral("LEFT"), {0, 0, 1920, 1080}, true};
+inline const Monitor rightDisplay{QStringLiteral("RIGHT"), {1920, 0, 1920, 1080}, false};
 
 /// A desktop on which a game runs: its program, its window, and who watches over it.
 struct SupervisionHouse : testing::Test {
