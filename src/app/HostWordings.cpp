@@ -21,6 +21,22 @@ QString hostWording(const QString &text, Host host)
          u"Drop the three files here: Velko enters them in xemu's settings, which are there once xemu has been started."_s},
         {u"Games already recompiled into Mac apps (Zelda 64: Recompiled, Ship of Harkinian, Bloodborne…). Drop the .app here."_s,
          u"Games already recompiled into native programs (Zelda 64: Recompiled, Ship of Harkinian…). Drop the AppImage or the program here."_s},
+        {u"Runs on any Mac"_s, u"Runs on any computer"_s},
+        {u"Sharp, for most Macs"_s, u"Sharp, for most computers"_s},
+        {u"The best picture, for powerful Macs"_s, u"The best picture, for powerful computers"_s},
+        {u"Retro consoles look the same on any Mac: nothing to set."_s,
+         u"Retro consoles look the same on any computer: nothing to set."_s},
+        {u"Native Mac app, no emulator"_s, u"Native game, no emulator"_s},
+        {u"In the menu bar at the top of the screen: Config → Input and hotkeys (not Emu settings)."_s,
+         u"In the menu bar at the top of its window: Config → Input and hotkeys (not Emu settings)."_s},
+        {u"GameCube games: Port 1 “Standard Controller” → Configure. Device: SDL/0/Xbox Series X Controller. Set L and R on the LT / RT triggers."_s,
+         u"GameCube games: Port 1 “Standard Controller” → Configure. Device: the line with your controller's name (it begins with SDL or evdev). Set L and R on the LT / RT triggers."_s},
+        {u"No device detected? System Settings → Privacy & Security → Input Monitoring → + → RPCS3, then quit and reopen RPCS3."_s,
+         u"No device detected? Turn the controller on first, then quit and reopen RPCS3."_s},
+        {u"Click “+”, API “SDLController”, click Refresh, then pick the one called just “Controller” (the “Xbox Series X Controller” one often doesn't respond on a Mac)."_s,
+         u"Click “+”, API “SDLController”, click Refresh, then pick your controller by its name."_s},
+        {u"Cemu: Options → Input settings → “Wii U GamePad”, “+”, API “SDLController”, pick “Controller”, then Save."_s,
+         u"Cemu: Options → Input settings → “Wii U GamePad”, “+”, API “SDLController”, pick your controller, then Save."_s},
     };
     return host == Host::linux ? linuxWordings.value(text, text) : text;
 }

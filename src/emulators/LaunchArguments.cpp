@@ -25,7 +25,7 @@ QString stateOf(const LaunchRequest &request, const QString &emulatorID, const L
 
 QString quality(const LaunchRequest &request, const QString &emulatorID, const LaunchFacts &facts)
 {
-    return QString::number(qualityValue(emulatorID, request.settings.quality.value_or(facts.quality)));
+    return QString::number(qualityValue(emulatorID, request.settings.quality.value_or(facts.quality), facts.host));
 }
 
 QString word(bool value)

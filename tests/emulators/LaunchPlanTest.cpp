@@ -338,9 +338,9 @@ TEST(LaunchPlan, mgbaSlotLiesBesideTheGame)
 TEST(QualityValue, isWhatTheEmulatorCounts)
 {
     const auto row = [](const QString &id) {
-        return QStringList{QString::number(qualityValue(id, QualityPreset::minimum)),
-                           QString::number(qualityValue(id, QualityPreset::medium)),
-                           QString::number(qualityValue(id, QualityPreset::maximum))}
+        return QStringList{QString::number(qualityValue(id, QualityPreset::minimum, Host::linux)),
+                           QString::number(qualityValue(id, QualityPreset::medium, Host::linux)),
+                           QString::number(qualityValue(id, QualityPreset::maximum, Host::linux))}
             .join(u' ');
     };
     EXPECT_EQ(row(u"dolphin"_s), u"1 2 4"_s);
