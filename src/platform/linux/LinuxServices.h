@@ -3,6 +3,7 @@
 #include "platform/Clock.h"
 #include "platform/FileIndex.h"
 #include "platform/Gamepads.h"
+#include "platform/Http.h"
 #include "platform/Places.h"
 #include "platform/ProcessControl.h"
 #include "platform/RequestChannel.h"
@@ -43,3 +44,6 @@ std::unique_ptr<Windows> makeWindows(const QByteArray &display = {});
 /// Through SDL, without its video and its signal handlers. Costs nothing while no controller is connected or none is
 /// touched. The clock outlives it.
 std::unique_ptr<Gamepads> makeGamepads(Clock &clock, const QString &deviceFolder = QStringLiteral("/dev/input"));
+
+/// Opens nothing before the first request. Needs a running event loop. The clock outlives it.
+std::unique_ptr<Http> makeHttp(Clock &clock);
