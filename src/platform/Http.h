@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QMap>
 #include <QUrl>
+#include <QUrlQuery>
 #include <chrono>
 #include <functional>
 #include <memory>
