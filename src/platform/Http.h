@@ -21,7 +21,8 @@ struct HttpRequest {
     std::chrono::milliseconds longest = std::chrono::minutes(2); ///< from start to end
 };
 
-/// What came back. A status other than 2xx is an answer, too; then nothing is written to a file.
+/// What came back. An answer of unannounced length that breaks off may seem whole (Qt 6.4): judge what it holds. A
+/// status other than 2xx is an answer, too; then nothing is written to a file.
 struct HttpAnswer {
     int status = 0;
     QByteArray body; ///< empty when it went to a file

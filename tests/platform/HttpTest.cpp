@@ -165,23 +165,25 @@ TEST_P(HttpTrouble, endsInASentence)
 
 INSTANTIATE_TEST_SUITE_P(
     Servers, HttpTrouble,
-    testing::Values(TroubleRow{"silent", {"", false}}, TroubleRow{"closesAtOnce", {""}},
-                    TroubleRow{"noHttp", {"what?\r\n\r\n"}},
-                    TroubleRow{"cutShort", {"HTTP/1.1 200 OK\r\nContent-Length: 500\r\n\r\nhalf"}},
-                    TroubleRow{"cutShortInPieces", {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n9\r\nhalf"}},
-                    TroubleRow{"stalls", {"HTTP/1.1 200 OK\r\nContent-Length: 500\r\n\r\nhalf", false}},
-                    TroubleRow{"endless", {"HTTP/1.1 200 OK\r\n\r\n" + QByteArray(1000, 'x'), false, true}},
-                    TroubleRow{"redirectLoop", {"HTTP/1.1 302 Found\r\nLocation: /a\r\nContent-Length: 0\r\n\r\n"}},
-                    TroubleRow{"toAnotherMachine",
-                               {"HTTP/1.1 302 Found\r\nLocation: http://192.0.2.1/a\r\nContent-Length: 0\r\n\r\n"}},
-                    TroubleRow{"toAFile",
-                               {"HTTP/1.1 302 Found\r\nLocation: file:///etc/passwd\r\nContent-Length: 0\r\n\r\n"}}),
+    testing::Values(
+        TroubleRow{"silent", {"", false}}, TroubleRow{"closesAtOnce", {""}}, TroubleRow{"noHttp", {"what?\r\n\r\n"}},
+        TroubleRow{"cutShort", {"HTTP/1.1 200 OK\r\nContent-Length: 500\r\n\r\nhalf"}},
+        TroubleRow{"stalls", {"HTTP/1.1 200 OK\r\nContent-Length: 500\r\n\r\nhalf", false}},
+        TroubleRow{"endless", {"HTTP/1.1 200 OK\r\n\r\n" + QByteArray(1000, 'x'), false, true}},
+        TroubleRow{"redirectLoop",
+                   {"HTTP/1.1 302 Found\r\nLocation: /a\r\nContent-Length: 0\r\nConnection: close\r\n\r\n"}},
+        TroubleRow{
+            "toAnotherMachine",
+            {"HTTP/1.1 302 Found\r\nLocation: http://192.0.2.1/a\r\nContent-Length: 0\r\nConnection: close\r\n\r\n"}},
+        TroubleRow{
+            "toAFile",
+            {"HTTP/1.1 302 Found\r\nLocation: file:///etc/passwd\r\nContent-Length: 0\r\nConnection: close\r\n\r\n"}}),
     [](const auto &row) { return row.param.test; });
 
 TEST(LinuxHttp, sendsWhatItIsGivenAndFollowsRedirects)
 {
     LocalServer server;
-    server.pages["/from"] = {"HTTP/1.1 302 Found\r\nLocation: /to\r\nContent-Length: 0\r\n\r\n"};
+    server.pages["/from"] = {"HTTP/1.1 302 Found\r\nLocation: /to\r\nContent-Length: 0\r\nConnection: close\r\n\r\n"};
     server.pages["/to"] = {page("here")};
     server.pages["/post"] = {page("thanks")};
     const auto clock = makeClock();
@@ -195,7 +197,10 @@ TEST(LinuxHttp, sendsWhatItIsGivenAndFollowsRedirects)
     const HttpAnswer moved = ask({.address = server.address(u"/from"_s)});
     EXPECT_EQ(moved.body, "here");
     EXPECT_EQ(moved.address, server.address(u"/to"_s));
-    EXPECT_EQ(ask({.address = server.address(u"/post"_s), .body = "hello", .headers = {{"X-Test", "1"}}}).body,
+    EXPECT_EQ(ask({.address = server.address(u"/post"_s),
+                   .body = "hello",
+                   .headers = {{"X-Test", "1"}, {"Content-Type", "text/plain"}}})
+                  .body,
               "thanks");
     EXPECT_TRUE(server.requests.last().contains("User-Agent: Velko/"));
     EXPECT_TRUE(server.requests.last().contains("X-Test: 1"));
