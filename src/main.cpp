@@ -6,6 +6,7 @@
 #include "app/Log.h"
 #include "app/PreferenceMigration.h"
 #include "app/Translator.h"
+#include "emulators/EmulatorChanges.h"
 #include "emulators/EmulatorFinder.h"
 #include "emulators/EmulatorLauncher.h"
 #include "emulators/InstalledEmulators.h"
@@ -77,7 +78,8 @@ public:
           m_translator(chooseLanguage(preferences.get(preference::appLanguage), QLocale::system().uiLanguages()),
                        places.host),
           m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
-          m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators,
+          m_changes(places, *m_clock, *m_tasks, *m_processes),
+          m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators, m_changes,
                      [this] { return session(); }),
           m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
           m_commands(places, m_library, m_emulators.finder(), preferences, *m_tasks, m_translator)
@@ -184,6 +186,7 @@ private:
     Translator m_translator;
     AppState m_state;
     InstalledEmulators m_emulators;
+    EmulatorChanges m_changes;
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
     CommandRunner m_commands;

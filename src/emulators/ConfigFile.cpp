@@ -112,6 +112,8 @@ ConfigFileEdit editConfigFile(const QString &path, const TextEdit &edit, BackUp 
     }
     if (*edited == text) return {Outcome::unchanged, {}};
 
+    // A rename would replace a file that the user has made read-only.
+    if (::faccessat(AT_FDCWD, name.constData(), W_OK, AT_EACCESS) != 0) return notWritten(path, qt_error_string());
     QSaveFile written(target);
     if (const auto reason = writeBeside(written, *edited, original)) return notWritten(path, *reason);
     if (::stat(name.constData(), &present) != 0 || !isSame(original, present)) {

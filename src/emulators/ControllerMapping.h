@@ -3,14 +3,6 @@
 #include "base/Host.h"
 #include "emulators/ConfigEdit.h"
 
-/// What it takes to play with an Xbox controller in an emulator.
-enum class ControllerClass {
-    automatic, ///< Velko writes the mapping before each game
-    nothingToDo, ///< the emulator takes the controller by itself
-    manual, ///< the user maps it once in the emulator
-};
-ControllerClass controllerClass(const QString &emulatorID);
-
 /// Whether one of the connected controllers is one that the automatic mapping is for.
 bool hasXboxController(const QStringList &controllerNames);
 

@@ -1,7 +1,9 @@
 #include "emulators/EmulatorSetUp.h"
 
 #include "emulators/ConfigFile.h"
+#include "emulators/ControllerClass.h"
 #include "emulators/ControllerMapping.h"
+#include "emulators/RunningEmulators.h"
 
 namespace {
 /// Everything that one file gets.
@@ -25,7 +27,7 @@ void add(QList<Batch> &batches, const FileEdits &edits)
     if (!edits.file.isEmpty() && !edits.edits.isEmpty()) batchOf(batches, edits).file.edits += edits.edits;
 }
 
-QList<Batch> batchesOf(const SetUpOrder &order)
+QList<Batch> batchesOf(const SetUpOrder &order, bool emulatorRuns)
 {
     const SettingsWish &wish = order.wish;
     QList<Batch> batches;
@@ -37,7 +39,7 @@ QList<Batch> batchesOf(const SetUpOrder &order)
     add(batches, settings);
     if (wish.emulatorID == QLatin1String("rpcs3") && order.vblankRate)
         add(batches, vblankRateEdits(wish.folders, *order.vblankRate));
-    if (order.runsNow) return batches;
+    if (emulatorRuns) return batches; // it would write its own settings over ours when it ends
     for (const FileEdits &quiet : quietEdits(wish.emulatorID, wish.host, wish.folders)) {
         if (quiet.file.isEmpty() || order.journal.quieted.contains(quiet.file)) continue;
         add(batches, quiet);
@@ -48,13 +50,14 @@ QList<Batch> batchesOf(const SetUpOrder &order)
 }
 }
 
-SetUpOutcome setUpEmulator(const SetUpOrder &order)
+SetUpOutcome setUpEmulator(const SetUpOrder &order, const ProcessControl &processes)
 {
     using Outcome = ConfigFileEdit::Outcome;
     const SettingsWish &wish = order.wish;
+    const bool runs = !processesOf(wish.emulatorID, wish.host, processes.running()).isEmpty();
     const QString settings = settingsFile(wish.emulatorID, wish.folders);
     SetUpOutcome outcome;
-    for (const Batch &batch : batchesOf(order)) {
+    for (const Batch &batch : batchesOf(order, runs)) {
         JournalUpdate update;
         const ConfigFileEdit edit = editConfigFile(
             batch.file.file,

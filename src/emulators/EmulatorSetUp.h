@@ -4,11 +4,12 @@
 #include "emulators/ChangeJournal.h"
 #include "emulators/EmulatorSettings.h"
 
+class ProcessControl;
+
 /// How an emulator is to be set up for one launch.
 struct SetUpOrder {
     SettingsWish wish;
     bool mapsController = false; ///< allowed, and a controller that the mapping is for is connected
-    bool runsNow = false; ///< another copy or game of this emulator; the keys that avoid questions then wait
     std::optional<int> vblankRate; ///< RPCS3: to be written; absent: left alone
     ChangeJournal journal;
     ReferenceDate now;
@@ -23,4 +24,4 @@ struct SetUpOutcome {
 
 /// Writes a game's settings, the controller mapping and the keys that avoid questions into the emulator's files, each
 /// file in one piece. Blocks.
-SetUpOutcome setUpEmulator(const SetUpOrder &order);
+SetUpOutcome setUpEmulator(const SetUpOrder &order, const ProcessControl &processes);
