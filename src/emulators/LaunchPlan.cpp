@@ -48,7 +48,9 @@ void runInFlatpak(LaunchPlan &plan, const LaunchRequest &request, const Installe
                   const LaunchFacts &facts)
 {
     QStringList options;
-    const QString access = flatpakAccess(emulator.emulatorID, request.path, facts.gameIsFolder, facts.home);
+    const QString access = request.path.isEmpty()
+        ? QString()
+        : flatpakAccess(emulator.emulatorID, request.path, facts.gameIsFolder, facts.home);
     if (!access.isEmpty()) options += access;
     for (const auto &[name, value] : plan.environment.asKeyValueRange())
         options += u"--env="_s + name + u'=' + value;
@@ -127,6 +129,18 @@ LaunchPlan planEmulator(const LaunchRequest &request, const InstalledEmulator &e
         prepareMac(plan, request, emulator.emulatorID, facts);
     else
         prepareLinux(plan, request, emulator, facts);
+    return plan;
+}
+
+LaunchPlan planEmulatorAlone(const InstalledEmulator &emulator, const LaunchFacts &facts)
+{
+    LaunchPlan plan;
+    plan.engine = emulator.emulatorID;
+    plan.applicationID = applicationIDOf(emulator.applicationID, emulator.path);
+    plan.command = emulator.command;
+    plan.workingFolder = facts.home;
+    if (facts.host == Host::linux) plan.environment = linuxEnvironment({}, emulator.emulatorID, facts);
+    if (emulator.kind == ApplicationKind::flatpak) runInFlatpak(plan, {}, emulator, facts);
     return plan;
 }
 

@@ -52,5 +52,8 @@ bool opensItself(const QString &path, const Console &console, Host host);
 LaunchPlan planNativeGame(const LaunchRequest &request, const Console &console, const LaunchFacts &facts);
 LaunchPlan planEmulator(const LaunchRequest &request, const InstalledEmulator &emulator, const LaunchFacts &facts);
 
+/// The emulator without a game, for its settings.
+LaunchPlan planEmulatorAlone(const InstalledEmulator &emulator, const LaunchFacts &facts);
+
 /// Where mGBA keeps slot 1 of a game: beside it, with the extension "ss1". An mGBA game resumes there by itself.
 QString mgbaSlotOf(const QString &gamePath);

@@ -33,7 +33,7 @@ void GameSupervisor::startWatching(const RunningGame &game, const WatchOptions &
         m_endings.push_back(std::move(m_quit));
     }
     m_game = game;
-    const QList<Display> displays = m_reach.windows.displays();
+    const QList<Monitor> displays = m_reach.windows.displays();
     const auto active = m_reach.windows.activeWindow();
     m_placement.displayName =
         chooseDisplay(displays, m_preferences.get(preference::playDisplay), active ? active->geometry : QRect());

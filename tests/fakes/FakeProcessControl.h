@@ -10,7 +10,7 @@
 struct FakeProcessControl final : ProcessControl {
     std::map<qint64, RunningProcess> processes;
     std::set<qint64> frozen;
-    std::set<qint64> stubborn; ///< do not end when asked
+    std::set<qint64> stubborn; ///< do not end when asked; a frozen one does not either
     std::set<qint64> immortal; ///< do not even end by force
     std::map<qint64, qint64> written; ///< bytes on disk
     std::vector<qint64> asked; ///< to quit, in this order
@@ -59,7 +59,7 @@ struct FakeProcessControl final : ProcessControl {
     {
         if (!isAlive(pid)) return false;
         asked.push_back(pid);
-        if (!stubborn.contains(pid)) processes.erase(pid);
+        if (!stubborn.contains(pid) && !frozen.contains(pid)) processes.erase(pid);
         return true;
     }
     bool kill(qint64 pid) override { return isAlive(pid) && (immortal.contains(pid) || processes.erase(pid) == 1); }
