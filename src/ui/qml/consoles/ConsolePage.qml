@@ -14,6 +14,7 @@ FocusScope {
     property bool sorting: false
     signal folderWanted
 
+    Pad.back: Tr.translate("Back")
     Keys.onEscapePressed: root.app.selectedConsole = ""
     Keys.onBackPressed: root.app.selectedConsole = ""
 

@@ -46,7 +46,7 @@ FocusScope {
         anchors.fill: parent
         active: root.gameShown
         focus: root.gameShown
-        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, game: root.openGame })
+        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, lists: root.lists, game: root.openGame })
         onLoaded: (item as Item).forceActiveFocus()
     }
     Connections {
