@@ -4,7 +4,6 @@
 #include "app/GameChoice.h"
 #include "app/Translator.h"
 #include "emulators/EmulatorFinder.h"
-#include "library/EarlyEnd.h"
 #include "library/LibraryFile.h"
 #include "library/LibraryStore.h"
 #include "library/MovedFile.h"
@@ -210,8 +209,8 @@ void CommandRunner::play(const QString &word, const Answer &reply)
         if (game == id) failed(why);
     });
     connect(&m_library, &LibraryStore::gameEnded, watch,
-            [id, reply, watch](const QString &game, double sessionSeconds) {
-                if (game != id || sessionSeconds < earlyEndSeconds) return; // an early end is explained next
+            [id, reply, watch](const QString &game, double, bool tooShort) {
+                if (game != id || tooShort) return; // it is explained next
                 watch->deleteLater();
                 reply->finish(0);
             });

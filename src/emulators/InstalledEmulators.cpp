@@ -1,5 +1,6 @@
 #include "emulators/InstalledEmulators.h"
 
+#include "emulators/LaunchPreparation.h"
 #include "platform/Preferences.h"
 #include "platform/Tasks.h"
 
@@ -38,7 +39,7 @@ void InstalledEmulators::refresh()
 {
     const int token = ++m_token;
     const auto look = [places = m_places, finder = m_finder, choices = emulatorChoices(m_preferences, m_places.host)] {
-        Look look{finder.allCopies(choices), {}};
+        Look look{finder.allCopies(choices), {}, isOnPath(u"mangohud"_s, places)};
         for (const Console &console : consoles(places.host)) {
             const auto ready = chooseEmulator(console, choices, places,
                                               [&look](const EmulatorDef &def) { return look.copies.value(def.id); });

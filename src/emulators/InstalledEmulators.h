@@ -24,6 +24,8 @@ public:
     /// look out of date, or when what it found has gone from its place since.
     std::optional<ReadyEmulator> stillReadyFor(const QString &consoleID) const;
 
+    bool mangoHud() const { return m_look.mangoHud; } ///< the frame counter for programs that have none
+
     const EmulatorFinder &finder() const { return m_finder; } ///< for a search of one's own, in the background
     Q_INVOKABLE void refresh();
 
@@ -34,6 +36,7 @@ private:
     struct Look {
         QHash<QString, QList<InstalledEmulator>> copies;
         QHash<QString, ReadyEmulator> byConsole;
+        bool mangoHud = false;
     };
     void preferenceChanged(const QString &key);
 

@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-static bool isOnPath(const QString &program, const Places &places)
+bool isOnPath(const QString &program, const Places &places)
 {
     return std::any_of(places.programDirs.begin(), places.programDirs.end(), [&program](const QString &folder) {
         const QFileInfo file(folder + u'/' + program);

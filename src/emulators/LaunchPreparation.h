@@ -37,3 +37,6 @@ struct PreparedLaunch {
 /// cannot be written does not stop the launch. Blocks: call it in the background.
 Result<PreparedLaunch> prepareLaunch(const LaunchInput &input, const Places &places, const EmulatorFinder &finder,
                                      const ProcessControl &processes);
+
+/// Whether a program of this name can be started. A look at the disk.
+bool isOnPath(const QString &program, const Places &places);

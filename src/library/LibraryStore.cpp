@@ -309,13 +309,13 @@ void LibraryStore::fail(const QString &id, const Message &why)
 
 void LibraryStore::programStarted(const GameLaunch::Order &order, const StartedGame &program)
 {
-    m_programs.insert(program.pid, {order.gameID, order.request.title, program.logFile});
+    m_programs.insert(program.pid, {order.gameID, order.request.title, program.logFile, false});
     m_sessions.start(order.gameID, program.pid);
     m_running.insert(order.gameID);
     const auto endedEarly = std::exchange(m_endedEarly, {});
     edit(order.gameID, [this](GameEntry &game) { game.lastPlayed = ReferenceDate::from(m_clock.now()); });
     emit runningChanged();
-    emit gameStarted(order.gameID, program.pid);
+    emit gameStarted(order.gameID, program);
     if (endedEarly.contains(program.pid)) programEnded(program.pid, endedEarly[program.pid]);
 }
 
@@ -324,6 +324,17 @@ void LibraryStore::programStarted(const GameLaunch::Order &order, const StartedG
 void LibraryStore::setPaused(const QString &id, bool paused)
 {
     m_sessions.setPaused(id, paused);
+}
+
+void LibraryStore::expectEnd(qint64 pid)
+{
+    const auto program = m_programs.find(pid);
+    if (program != m_programs.end()) program->endExpected = true;
+}
+
+void LibraryStore::endSession(qint64 pid)
+{
+    if (m_programs.contains(pid)) programEnded(pid, {});
 }
 
 void LibraryStore::countPlayTime(const QList<PlayedStretch> &stretches, const QDateTime &moment)
@@ -362,8 +373,9 @@ void LibraryStore::programEnded(qint64 pid, ProgramEnd end)
     countSession(*session);
     m_running.remove(program.gameID);
     emit runningChanged();
-    emit gameEnded(program.gameID, session->seconds);
-    if (session->seconds < earlyEndSeconds) explainEarlyEnd(program, end);
+    const bool tooShort = session->seconds < earlyEndSeconds && !program.endExpected;
+    emit gameEnded(program.gameID, session->seconds, tooShort);
+    if (tooShort) explainEarlyEnd(program, end);
 }
 
 void LibraryStore::explainEarlyEnd(const RunningProgram &program, ProgramEnd end)

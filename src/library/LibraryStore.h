@@ -91,6 +91,8 @@ public:
     Q_INVOKABLE void resume(const QString &id); ///< the same, from the game's last save state
     Q_INVOKABLE void cancelLaunch(); ///< a program that starts all the same is asked to quit
     void setPaused(const QString &id, bool paused); ///< the play time of a paused game stands still
+    void expectEnd(qint64 pid); ///< the user ends the program: it is no failure, however short the session was
+    void endSession(qint64 pid); ///< the program counts as ended, even if the system has not noticed or can't end it
     Q_INVOKABLE void dismissError();
     Q_INVOKABLE void dismissMissingFile();
 
@@ -110,11 +112,12 @@ signals:
     void setupIssueChanged();
     void launchingChanged();
     void setAsideChanged();
-    void gameStarted(const QString &id, qint64 pid);
+    void gameStarted(const QString &id, const StartedGame &program);
     void launchFailed(const QString &id, const Message &why);
     void launchCancelled(const QString &id);
-    void gameEnded(const QString &id, double sessionSeconds); ///< after the session is counted and saved
-    void closedAtOnce(const QString &id, const Message &why); ///< after `gameEnded` of a session that was too short
+    /// After the session is counted and saved. `closedAtOnce` follows when it was too short.
+    void gameEnded(const QString &id, double sessionSeconds, bool tooShort);
+    void closedAtOnce(const QString &id, const Message &why);
 
 private:
     /// A program that runs for a game.
@@ -122,6 +125,7 @@ private:
         QString gameID;
         QString title;
         QString logFile;
+        bool endExpected = false;
     };
 
     void fillIndexes() const;

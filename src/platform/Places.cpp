@@ -68,6 +68,11 @@ QString Places::logFile() const
     return logFolder() + u"/Velko.log"_s;
 }
 
+QString Places::placementLogFile() const
+{
+    return logFolder() + u"/Velko-placement.log"_s;
+}
+
 Places linuxPlaces(const QString &home, const QProcessEnvironment &environment)
 {
     const auto folder = [&](const QString &variable, const QString &fallback) {

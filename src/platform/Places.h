@@ -31,6 +31,7 @@ struct Places {
     QString legacyPreferencesFile() const; ///< preferences of the earlier identity, read once
     QString logFolder() const;
     QString logFile() const;
+    QString placementLogFile() const; ///< what was done to the windows of games
 };
 
 /// An XDG variable that is empty or not an absolute path counts as unset, as the base directory rules ask.

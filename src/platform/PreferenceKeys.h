@@ -73,6 +73,8 @@ inline const PreferencePrefix<QString> emulator{"emulator."_L1};
 inline const PreferencePrefix<bool> controllerConfigured{"controllerConfigured."_L1};
 /// Set up Xbox controllers in emulators by itself; true when absent
 inline const PreferenceKey<bool> autoXboxSetup{u"autoXboxSetup"_s};
+/// The output on which games are played, "DP-1"; absent: where the user is at the start
+inline const PreferenceKey<QString> playDisplay{u"playDisplay"_s};
 /// The RPCS3 frame rate was raised for a patch
 inline const PreferenceKey<bool> rpcs3VblankRaised{u"rpcs3VblankRaised"_s};
 /// The Xbox controller banner is not shown

@@ -21,6 +21,7 @@ public:
     /// The process and all its descendants, parents before children; empty when it has ended.
     virtual QList<qint64> tree(qint64 pid) const = 0;
     virtual bool isAlive(qint64 pid) const = 0; ///< a zombie is not alive
+    virtual qint64 bytesWritten(qint64 pid) const = 0; ///< to disk, by it and its descendants that run, so far
     virtual bool freeze(qint64 pid) = 0; ///< with all its descendants; freezing twice is harmless
     virtual bool thaw(qint64 pid) = 0; ///< with all its descendants and what `freeze` stopped
     virtual bool askToQuit(qint64 pid) = 0; ///< the program may refuse

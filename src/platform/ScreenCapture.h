@@ -9,5 +9,5 @@ class ScreenCapture {
 public:
     virtual ~ScreenCapture() = default;
     virtual QImage window(quint64 id) = 0;
-    virtual QImage screen(const QRect &place) = 0; ///< in the coordinates of `Display::geometry`
+    virtual QImage screen(const QRect &place) = 0; ///< in the coordinates of `Monitor::geometry`
 };

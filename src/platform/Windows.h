@@ -6,12 +6,13 @@
 #include <QString>
 #include <optional>
 
-/// One connected display. Coordinates of displays and windows are pixels of one shared space.
-struct Display {
+/// One connected display; X11's own headers have taken that name. Coordinates of displays and windows are pixels of one
+/// shared space.
+struct Monitor {
     QString name; ///< of the output, "DP-1": what the setting for the display of play names
     QRect geometry;
     bool primary = false;
-    bool operator==(const Display &) const = default;
+    bool operator==(const Monitor &) const = default;
 };
 
 /// What a window is, going by the first of its types. A window without a type is a normal one.
@@ -39,7 +40,7 @@ public:
     using QObject::QObject;
 
     virtual bool isAvailable() const = 0; ///< false without a display that can be driven from outside
-    virtual QList<Display> displays() const = 0; ///< the primary one first
+    virtual QList<Monitor> displays() const = 0; ///< the primary one first
     virtual QList<AppWindow> windowsOf(const QList<qint64> &pids) const = 0; ///< of any of them, the oldest first
     virtual std::optional<AppWindow> activeWindow() const = 0; ///< the one with the keyboard, whoever's it is
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "base/Host.h"
+#include "library/GameLauncher.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -14,3 +17,6 @@ struct RunningGame {
     bool isNative() const { return engine == QLatin1String("native") || engine == QLatin1String("nxnative"); }
     bool operator==(const RunningGame &) const = default;
 };
+
+RunningGame runningGame(const QString &gameID, const QString &title, const StartedGame &program, Host host,
+                        const QDateTime &start);

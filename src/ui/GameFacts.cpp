@@ -24,7 +24,8 @@ static constexpr int chartDays = 14;
 GameFacts::GameFacts(const Sources &sources, QObject *parent)
     : QObject(parent), m_library(sources.library), m_emulators(sources.emulators), m_preferences(sources.preferences),
       m_translator(sources.translator), m_clock(sources.clock), m_tasks(sources.tasks), m_workspace(sources.workspace),
-      m_host(sources.host)
+      m_host(sources.host),
+      m_options(sources.library, sources.emulators, sources.preferences, sources.translator, sources.host)
 {
     connect(&m_library, &LibraryStore::gamesChanged, this, &GameFacts::changed);
     connect(&m_library, &LibraryStore::libraryReplaced, this, &GameFacts::changed);
@@ -37,6 +38,7 @@ void GameFacts::setGameID(const QString &id)
 {
     if (id == m_gameID) return;
     m_gameID = id;
+    m_options.setGameID(id);
     m_size.clear();
     emit changed();
     emit sizeChanged();
@@ -242,51 +244,6 @@ QString GameFacts::launchText() const
     if (!launching()) return {};
     const auto note = m_library.launching()->note;
     return note ? m_translator.message(*note) : m_translator.translate(u"Starting…"_s);
-}
-
-GameSettings GameFacts::settings() const
-{
-    if (exists() && entry()->settings) return *entry()->settings;
-    GameSettings fresh;
-    fresh.fps60 = m_preferences.get(preference::default60FPS);
-    return fresh;
-}
-
-bool GameFacts::fullScreen() const
-{
-    return settings().fullScreen.value_or(true);
-}
-
-bool GameFacts::showFPS() const
-{
-    return settings().showFPS;
-}
-
-QString GameFacts::quality() const
-{
-    const auto usual = qualityPresetNamed(m_preferences.get(preference::defaultQuality));
-    return name(settings().quality.value_or(usual.value_or(QualityPreset::medium)));
-}
-
-void GameFacts::setFullScreen(bool fullScreen)
-{
-    GameSettings settings = this->settings();
-    settings.fullScreen = fullScreen;
-    m_library.setSettings(m_gameID, settings);
-}
-
-void GameFacts::setShowFPS(bool show)
-{
-    GameSettings settings = this->settings();
-    settings.showFPS = show;
-    m_library.setSettings(m_gameID, settings);
-}
-
-void GameFacts::setQuality(const QString &name)
-{
-    GameSettings settings = this->settings();
-    settings.quality = qualityPresetNamed(name);
-    m_library.setSettings(m_gameID, settings);
 }
 
 QString GameFacts::pageTab() const

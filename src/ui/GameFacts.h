@@ -3,6 +3,7 @@
 #include "catalog/Console.h"
 #include "library/LibraryStore.h"
 #include "platform/Clock.h"
+#include "ui/GameOptions.h"
 
 #include <QObject>
 #include <QVariantList>
@@ -50,9 +51,7 @@ class GameFacts : public QObject {
     Q_PROPERTY(bool running READ running NOTIFY changed)
     Q_PROPERTY(bool launching READ launching NOTIFY changed)
     Q_PROPERTY(QString launchText READ launchText NOTIFY changed)
-    Q_PROPERTY(bool fullScreen READ fullScreen WRITE setFullScreen NOTIFY changed)
-    Q_PROPERTY(bool showFPS READ showFPS WRITE setShowFPS NOTIFY changed)
-    Q_PROPERTY(QString quality READ quality WRITE setQuality NOTIFY changed)
+    Q_PROPERTY(GameOptions *options READ options CONSTANT)
     Q_PROPERTY(QString pageTab READ pageTab WRITE setPageTab NOTIFY pageTabChanged)
 public:
     struct Sources {
@@ -102,12 +101,7 @@ public:
     bool running() const;
     bool launching() const;
     QString launchText() const;
-    bool fullScreen() const;
-    bool showFPS() const;
-    QString quality() const; ///< "minimum", "medium" or "maximum"
-    void setFullScreen(bool fullScreen);
-    void setShowFPS(bool show);
-    void setQuality(const QString &name);
+    GameOptions *options() { return &m_options; }
     QString pageTab() const; ///< the last tab shown on any game's page: "play", "controller", "stats" or "info"
     void setPageTab(const QString &tab);
 
@@ -129,7 +123,6 @@ signals:
 private:
     const GameEntry *entry() const { return m_library.game(m_gameID); }
     const Console *console() const;
-    GameSettings settings() const;
 
     LibraryStore &m_library;
     const InstalledEmulators &m_emulators;
@@ -139,6 +132,7 @@ private:
     Tasks &m_tasks;
     Workspace &m_workspace;
     const Host m_host;
+    GameOptions m_options;
     QString m_gameID;
     QString m_size;
 };

@@ -1,5 +1,6 @@
 #include "app/HostWordings.h"
 #include "catalog/EmulatorDef.h"
+#include "emulators/ControllerClass.h"
 #include "emulators/ControllerGuide.h"
 #include "emulators/SettingsSupport.h"
 
@@ -42,4 +43,18 @@ TEST(HostWordings, leaveNoMacInWhatAnEmulatorsUserReads)
         EXPECT_FALSE(shown.contains(mac)) << shown.toStdString();
         EXPECT_EQ(hostWording(text, Host::mac), text);
     }
+}
+
+TEST(ControllerClass, decidesWhetherTheGuideAsksForAnything)
+{
+    for (const Host host : {Host::mac, Host::linux}) {
+        for (const EmulatorDef &def : emulatorDefs(host)) {
+            const bool nothing = controllerGuide(def.id).first().startsWith("Nothing to do"_L1);
+            EXPECT_EQ(controllerClass(def.id) != ControllerClass::manual, nothing) << def.id.toStdString();
+        }
+    }
+    EXPECT_EQ(controllerClass(u"duckstation"_s), ControllerClass::automatic);
+    EXPECT_EQ(controllerClass(u"mgba"_s), ControllerClass::nothingToDo);
+    EXPECT_EQ(controllerClass(u"native"_s), ControllerClass::nothingToDo);
+    EXPECT_EQ(controllerClass(u"x"_s), ControllerClass::manual);
 }

@@ -3,21 +3,25 @@
 #include "platform/Windows.h"
 
 #include <QSet>
+#include <functional>
+#include <utility>
+#include <vector>
 
 /// Windows and displays that exist only in these lists. Commands are carried out at once, but where a test says
 /// otherwise.
 class FakeWindows final : public Windows {
 public:
     bool available = true;
-    QList<Display> connected{{QStringLiteral("LEFT"), {0, 0, 1920, 1080}, true}};
+    QList<Monitor> connected{{QStringLiteral("LEFT"), {0, 0, 1920, 1080}, true}};
     QList<AppWindow> windows; ///< of all programs, the oldest first
     quint64 active = 0;
     bool choosesDisplay = true; ///< full screen goes to the display that is asked for, else to the window's own
     QSet<quint64> unmovable, neverFull, unclosable; ///< windows that ignore these commands
     QList<quint64> closeRequests;
+    bool late = false; ///< moves and full screen wait for `carryOut`
 
     bool isAvailable() const override { return available; }
-    QList<Display> displays() const override { return available ? connected : QList<Display>(); }
+    QList<Monitor> displays() const override { return available ? connected : QList<Monitor>(); }
     QList<AppWindow> windowsOf(const QList<qint64> &pids) const override
     {
         QList<AppWindow> all = available ? windows : QList<AppWindow>();
@@ -34,6 +38,7 @@ public:
 
     void move(quint64 window, const QRect &place) override
     {
+        if (late) return m_waiting.push_back([=, this] { move(window, place); });
         AppWindow *moved = find(window);
         if (!moved || unmovable.contains(window)) return;
         moved->fullScreen = false;
@@ -41,6 +46,7 @@ public:
     }
     void setFullScreen(quint64 window, bool fullScreen, int display) override
     {
+        if (late) return m_waiting.push_back([=, this] { setFullScreen(window, fullScreen, display); });
         AppWindow *changed = find(window);
         if (!changed || neverFull.contains(window)) return;
         changed->fullScreen = fullScreen;
@@ -59,6 +65,13 @@ public:
         if (!unclosable.contains(window)) close(window);
     }
 
+    void carryOut()
+    {
+        const bool wasLate = std::exchange(late, false);
+        for (const auto &command : std::exchange(m_waiting, {}))
+            command();
+        late = wasLate;
+    }
     AppWindow *find(quint64 window)
     {
         for (AppWindow &each : windows) {
@@ -77,7 +90,7 @@ public:
         active = window;
         emit activeChanged();
     }
-    void connectDisplays(const QList<Display> &now)
+    void connectDisplays(const QList<Monitor> &now)
     {
         connected = now;
         emit displaysChanged();
@@ -91,4 +104,6 @@ private:
         }
         return 0;
     }
+
+    std::vector<std::function<void()>> m_waiting;
 };

@@ -19,7 +19,7 @@ struct Launch : testing::Test {
         LibraryStore &store = house.open();
         store.add({game});
         QObject::connect(&store, &LibraryStore::gameStarted, &store,
-                         [this](const QString &, qint64 pid) { told += u"started %1"_s.arg(pid); });
+                         [this](const QString &, const StartedGame &program) { told += u"started %1"_s.arg(program.pid); });
         QObject::connect(&store, &LibraryStore::gameEnded, &store,
                          [this](const QString &, double seconds) { told += u"ended after %1"_s.arg(seconds); });
         QObject::connect(&store, &LibraryStore::launchFailed, &store,

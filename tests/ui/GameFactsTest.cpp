@@ -22,7 +22,7 @@ TEST(GameFacts, ofNoGameAreEmpty)
     EXPECT_EQ(facts.title() + facts.consoleName() + facts.lastPlayed() + facts.emulator() + facts.path(), QString());
     facts.play();
     facts.rename(u"x"_s);
-    facts.setShowFPS(true);
+    facts.options()->setShowFPS(true);
     facts.chooseStatus(u"Playing"_s);
     EXPECT_EQ(house.store->count(), 0);
 }
@@ -66,10 +66,10 @@ TEST(GameFacts, keepTheUsersWishes)
     const QString id = house.add(u"One"_s, u"gba"_s);
     GameFacts facts(house.sources());
     facts.setGameID(id);
-    EXPECT_TRUE(facts.fullScreen());
-    EXPECT_EQ(facts.quality(), u"medium"_s);
-    facts.setFullScreen(false);
-    facts.setQuality(u"maximum"_s);
+    EXPECT_TRUE(facts.options()->fullScreen());
+    EXPECT_EQ(facts.options()->quality(), u"medium"_s);
+    facts.options()->setFullScreen(false);
+    facts.options()->setQuality(u"maximum"_s);
     facts.setPageTab(u"stats"_s);
     facts.chooseStatus(u"Playing"_s);
     facts.rename(u"  "_s);
@@ -91,8 +91,8 @@ TEST(GameFacts, takeTheUsersDefaults)
     house.preferences.set(preference::default60FPS, true);
     GameFacts facts(house.sources());
     facts.setGameID(house.add(u"One"_s, u"gba"_s));
-    EXPECT_EQ(facts.quality(), u"maximum"_s);
-    facts.setShowFPS(true);
+    EXPECT_EQ(facts.options()->quality(), u"maximum"_s);
+    facts.options()->setShowFPS(true);
     EXPECT_TRUE(house.onDisk().first().settings->fps60);
 }
 

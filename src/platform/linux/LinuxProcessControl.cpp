@@ -18,6 +18,7 @@ public:
     QList<RunningProcess> running() const override;
     QList<qint64> tree(qint64 pid) const override { return pid > 0 ? m_table.tree(pid) : QList<qint64>(); }
     bool isAlive(qint64 pid) const override { return pid > 0 && m_table.isAlive(pid); }
+    qint64 bytesWritten(qint64 pid) const override;
     bool freeze(qint64 pid) override;
     bool thaw(qint64 pid) override;
     bool askToQuit(qint64 pid) override { return send(pid, SIGTERM); }
@@ -57,6 +58,14 @@ QList<RunningProcess> LinuxProcessControl::running() const
         if (!program.isEmpty()) all += {pid, present->parent, program}; // without a program: a part of the kernel
     }
     return all;
+}
+
+qint64 LinuxProcessControl::bytesWritten(qint64 pid) const
+{
+    qint64 sum = 0;
+    for (const qint64 each : tree(pid))
+        sum += m_table.bytesWritten(each);
+    return sum;
 }
 
 // Identifiers up to 1 mean groups of processes, everything of ours, or the first process.

@@ -7,6 +7,7 @@
 #include "platform/ProcessControl.h"
 #include "platform/RequestChannel.h"
 #include "platform/Tasks.h"
+#include "platform/Windows.h"
 #include "platform/Workspace.h"
 
 #include <memory>
@@ -34,6 +35,10 @@ std::unique_ptr<FileIndex> makeFileIndex(const Places &places, const QString &da
 /// lost, too.
 std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places,
                                                    std::chrono::milliseconds patience = std::chrono::seconds(10));
+
+/// On X11, or on XWayland for what runs through it. Connects at once, in a millisecond; `display` is one other than
+/// that of the environment.
+std::unique_ptr<Windows> makeWindows(const QByteArray &display = {});
 
 /// Through SDL, without its video and its signal handlers. Costs nothing while no controller is connected or none is
 /// touched. The clock outlives it.

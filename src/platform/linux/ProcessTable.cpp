@@ -146,3 +146,12 @@ std::optional<uid_t> ProcessTable::owner(qint64 pid) const
     if (::stat(entry(pid, "").constData(), &folder) != 0) return {};
     return folder.st_uid;
 }
+
+qint64 ProcessTable::bytesWritten(qint64 pid) const
+{
+    const QByteArray content = contentOf(entry(pid, "io")).value_or(QByteArray());
+    for (const QByteArray &line : content.split('\n')) {
+        if (line.startsWith("write_bytes: ")) return line.sliced(13).trimmed().toLongLong();
+    }
+    return 0;
+}

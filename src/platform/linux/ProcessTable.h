@@ -37,6 +37,7 @@ public:
     QList<qint64> tree(qint64 pid) const;
     QString program(qint64 pid) const; ///< file name of its program, else argv[0] without folder
     std::optional<uid_t> owner(qint64 pid) const;
+    qint64 bytesWritten(qint64 pid) const; ///< that went to a disk; 0 when another user's
 
 private:
     QByteArray entry(qint64 pid, const char *name) const;

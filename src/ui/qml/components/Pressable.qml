@@ -8,6 +8,7 @@ Item {
     property string name ///< spoken by screen readers
     property string hint ///< spoken after the name
     property bool available: true ///< false: shown as off, still reachable, does nothing
+    property bool tappable: true ///< false: only keys press it, because parts of it are pressed by themselves
     property int role: Accessible.Button
     readonly property bool hovered: hover.hovered && Theme.inputMode === "pointer"
     readonly property bool pressed: tap.pressed
@@ -33,6 +34,7 @@ Item {
     }
     TapHandler {
         id: tap
+        enabled: root.tappable
         onTapped: {
             root.forceActiveFocus(Qt.MouseFocusReason)
             root.press()

@@ -8,6 +8,7 @@ FocusScope {
     property string value
     property string name ///< spoken by screen readers
     property bool available: true
+    property bool reachable: true ///< false: a row around it has the focus and the keys
     signal chosen(string value)
 
     implicitHeight: 48
@@ -37,8 +38,8 @@ FocusScope {
                 Accessible.checkable: true
                 Accessible.checked: on
                 available: root.available
-                focus: on || (root.value === "" && index === 0)
-                activeFocusOnTab: true
+                focus: root.reachable && (on || (root.value === "" && index === 0))
+                activeFocusOnTab: root.reachable
                 width: (root.width - 8 - 4 * (root.options.length - 1)) / root.options.length
                 height: root.height - 8
                 onActivated: root.chosen(modelData.value)

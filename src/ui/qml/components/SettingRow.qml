@@ -2,7 +2,7 @@ import QtQuick
 import Velko
 
 /// One setting: icon, name, an optional explanation, and its control at the right. With `checkable` the whole row is
-/// the switch.
+/// the switch. A row without a control is still reachable, so that its explanation can be read.
 Pressable {
     id: root
     property string icon
@@ -11,6 +11,7 @@ Pressable {
     property bool checkable: false
     property bool checked: false
     property bool first: false ///< no line above it
+    property bool busy: false ///< what it says is being found out
     property real controlWidth: checkable ? 52 : control.childrenRect.width
     default property alias control: control.data
 
@@ -19,7 +20,6 @@ Pressable {
     role: checkable ? Accessible.CheckBox : Accessible.StaticText
     Accessible.checkable: checkable
     Accessible.checked: checked
-    activeFocusOnTab: checkable
     implicitHeight: Math.max(76, words.height + 32)
 
     Rectangle {
@@ -43,9 +43,16 @@ Pressable {
     Icon {
         x: 4
         anchors.verticalCenter: parent.verticalCenter
+        visible: !root.busy
         name: root.icon
         size: 23
         color: root.available ? Theme.t2 : Theme.t3
+    }
+    Loader {
+        x: 4
+        anchors.verticalCenter: parent.verticalCenter
+        active: root.busy
+        sourceComponent: Spinner { size: 23 }
     }
     Column {
         id: words

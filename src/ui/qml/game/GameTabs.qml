@@ -50,7 +50,7 @@ FocusScope {
     }
     Component {
         id: play
-        PlayTab { game: root.game }
+        PlayTab { options: root.game.options }
     }
     Component {
         id: controller

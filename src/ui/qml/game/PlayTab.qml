@@ -1,10 +1,10 @@
 import QtQuick
 import Velko
 
-/// With what and how the game is played.
+/// How the game is played.
 Card {
     id: root
-    required property GameFacts game
+    required property GameOptions options
 
     implicitHeight: rows.height + 20
 
@@ -13,49 +13,65 @@ Card {
         x: 24
         y: 10
         width: parent.width - 48
-        SettingRow {
+        ChoiceRow {
+            visible: root.options.qualityOffered
             width: parent.width
             first: true
-            icon: "console"
-            text: root.game.emulator
-            detail: root.game.emulatorKind !== "" ? root.game.emulatorKind + ", " + root.game.emulatorPath : root.game.consoleNote
+            icon: "quality"
+            text: Tr.translate("Quality")
+            detail: root.options.qualityText
+            options: root.options.qualityChoices
+            value: root.options.quality
+            onChosen: value => root.options.quality = value
+        }
+        SettingRow {
+            visible: !root.options.qualityOffered
+            width: parent.width
+            first: true
+            available: false
+            icon: "quality"
+            text: Tr.translate("Quality")
+            detail: root.options.qualityText
             controlWidth: 0
         }
         SettingRow {
-            id: qualityRow
             width: parent.width
-            implicitHeight: 92
-            icon: "quality"
-            text: Tr.translate("Quality")
-            controlWidth: Math.min(400, rows.width * 0.5)
-            SegmentedControl {
-                width: qualityRow.controlWidth
-                height: 48
-                anchors.verticalCenter: parent.verticalCenter
-                name: Tr.translate("Quality")
-                value: root.game.quality
-                options: [
-                    { value: "minimum", text: Tr.translate("Minimum") }, { value: "medium", text: Tr.translate("Medium") },
-                    { value: "maximum", text: Tr.translate("Maximum") }
-                ]
-                onChosen: value => root.game.quality = value
-            }
+            available: root.options.fps60Offered
+            icon: "gauge"
+            text: root.options.fps60Title
+            detail: root.options.fps60Text
+            checkable: true
+            checked: root.options.fps60 && available
+            onActivated: root.options.fps60 = !root.options.fps60
+        }
+        SettingRow {
+            visible: !root.options.native
+            width: parent.width
+            available: root.options.widescreenOffered
+            icon: "wide"
+            text: Tr.translate("Widescreen")
+            detail: root.options.widescreenText
+            checkable: true
+            checked: root.options.widescreen && available
+            onActivated: root.options.widescreen = !root.options.widescreen
         }
         SettingRow {
             width: parent.width
+            available: root.options.showFPSOffered
             icon: "eye"
             text: Tr.translate("Show FPS")
+            detail: root.options.showFPSText
             checkable: true
-            checked: root.game.showFPS
-            onActivated: root.game.showFPS = !root.game.showFPS
+            checked: root.options.showFPS && available
+            onActivated: root.options.showFPS = !root.options.showFPS
         }
         SettingRow {
             width: parent.width
             icon: "fullscreen"
             text: Tr.translate("Start the game in full screen")
             checkable: true
-            checked: root.game.fullScreen
-            onActivated: root.game.fullScreen = !root.game.fullScreen
+            checked: root.options.fullScreen
+            onActivated: root.options.fullScreen = !root.options.fullScreen
         }
     }
 }

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QProcess>
+#include <QTemporaryDir>
+
+/// A display for one test, with a window manager when one is named. It ends with the test.
+class XServer {
+public:
+    enum class Kind {
+        oneOutput, ///< a virtual frame buffer of 1280 × 720
+        twoOutputs, ///< a real server with two outputs of 1920 × 1080, DUMMY0 on the left of DUMMY1; needs root
+    };
+    explicit XServer(Kind kind = Kind::oneOutput, const QString &windowManager = QStringLiteral("openbox"));
+    ~XServer();
+
+    bool isReady() const { return m_ready; }
+    const QByteArray &display() const { return m_display; }
+    QProcessEnvironment environment() const; ///< for programs on this display
+    bool run(const QString &program, const QStringList &arguments) const; ///< and waits for its success
+    bool manage(const QString &windowManager); ///< starts it, instead of the present one; waits until it manages
+    void kill(); ///< the server only
+
+private:
+    bool startServer(Kind kind);
+    bool connectOutputs() const;
+
+    QTemporaryDir m_folder;
+    QProcess m_server, m_windowManager;
+    QByteArray m_display;
+    bool m_ready = false;
+};
