@@ -32,6 +32,7 @@ INSTANTIATE_TEST_SUITE_P(
         CommandRow{"scanFolders", {u"scan"_s, u"/a b"_s, u"c"_s}, {Command::Kind::scan, {u"/a b"_s, u"c"_s}}},
         CommandRow{"jsonList", {u"list"_s, u"--json"_s}, {Command::Kind::list, {}, true}},
         CommandRow{"play", {u"play"_s, u"It's $(me)"_s}, {Command::Kind::play, {u"It's $(me)"_s}}},
+        CommandRow{"bios", {u"bios"_s, u"a.bin"_s, u"b"_s}, {Command::Kind::bios, {u"a.bin"_s, u"b"_s}}},
         CommandRow{"leadingDash",
                    {u"add"_s, u"--"_s, u"-x.gb"_s, u"--json"_s},
                    {Command::Kind::add, {u"-x.gb"_s, u"--json"_s}}}),
@@ -46,6 +47,7 @@ TEST(CommandLine, refusesWhatItDoesNotKnow)
                                    {u"list"_s, u"x"_s},
                                    {u"scan"_s, u"--json"_s},
                                    {u"add"_s, u"-x.gb"_s},
+                                   {u"bios"_s},
                                    {u"--virtual-pad"_s},
                                    {u"list"_s, u"--virtual-pad"_s, u"p"_s},
                                    {QString()}};
