@@ -7,6 +7,7 @@
 #include "app/PreferenceMigration.h"
 #include "app/Translator.h"
 #include "emulators/BiosFiles.h"
+#include "emulators/EmulatorChanges.h"
 #include "emulators/EmulatorFinder.h"
 #include "emulators/EmulatorLauncher.h"
 #include "emulators/InstalledEmulators.h"
@@ -79,7 +80,8 @@ public:
           m_translator(chooseLanguage(preferences.get(preference::appLanguage), QLocale::system().uiLanguages()),
                        places.host),
           m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
-          m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators,
+          m_changes(places, *m_clock, *m_tasks, *m_processes),
+          m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators, m_changes,
                      [this] { return session(); }),
           m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
           m_bios(places, m_emulators, preferences, *m_workspace, *m_tasks),
@@ -218,6 +220,7 @@ private:
     Translator m_translator;
     AppState m_state;
     InstalledEmulators m_emulators;
+    EmulatorChanges m_changes;
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
     BiosFiles m_bios;
