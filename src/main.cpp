@@ -17,6 +17,7 @@
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/QuitSignals.h"
 #include "play/ControllerInput.h"
+#include "play/ScreenshotStore.h"
 #include "ui/Fonts.h"
 #include "ui/VelkoWindow.h"
 
@@ -164,9 +165,9 @@ private:
 
     bool buildWindow()
     {
-        m_window =
-            std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_emulators, m_preferences, m_translator,
-                                                      *m_clock, *m_tasks, *m_workspace, m_places, m_controller});
+        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_screenshots, m_emulators,
+                                                             m_preferences, m_translator, *m_clock, *m_tasks,
+                                                             *m_workspace, m_places, m_controller});
         if (!m_window->load()) {
             m_window.reset();
             return false;
@@ -213,6 +214,7 @@ private:
     const std::unique_ptr<Clock> m_clock = makeClock();
     const std::unique_ptr<Workspace> m_workspace = makeWorkspace(m_places);
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
+    const std::unique_ptr<Trash> m_trash = makeTrash();
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
     const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
     const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes
@@ -224,6 +226,7 @@ private:
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
     BiosFiles m_bios;
+    ScreenshotStore m_screenshots{m_places, *m_tasks, *m_trash, m_library};
     CommandRunner m_commands;
     ControllerInput m_controller{*m_gamepads, *m_clock};
     std::unique_ptr<VelkoWindow> m_window;
