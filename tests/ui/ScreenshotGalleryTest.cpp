@@ -20,7 +20,7 @@ struct ScreenshotGalleryTest : testing::Test {
     {
         const QString folder = screenshotFolder(house.places.pictures);
         QDir().mkpath(folder);
-        const QString file = folder + u"/%1 2026-11-09 21.%2.00.png"_s.arg(title).arg(minute, 2, 10, u'0');
+        const QString file = folder + u"/%1 2026-11-09 21.%2.00.png"_s.arg(title, QString::number(100 + minute).mid(1));
         QImage picture(64, 36, QImage::Format_RGB32);
         picture.fill(minute % 2 ? Qt::red : Qt::blue);
         picture.save(file);
