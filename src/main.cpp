@@ -10,10 +10,14 @@
 #include "emulators/EmulatorLauncher.h"
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryStore.h"
+#include "platform/Accessibility.h"
+#include "platform/Keys.h"
 #include "platform/Preferences.h"
 #include "platform/RequestChannel.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/QuitSignals.h"
+#include "play/GameSupervisor.h"
+#include "play/PlacementLog.h"
 #include "ui/Fonts.h"
 #include "ui/VelkoWindow.h"
 
@@ -68,6 +72,23 @@ int askOwner(RequestChannel &channel, const QStringList &arguments)
     return QCoreApplication::exec();
 }
 
+/// Who watches over a running game, and through what. Made when a game or a window first needs it: other commands have
+/// no business with the display.
+struct Play {
+    std::unique_ptr<Windows> windows = makeWindows();
+    std::unique_ptr<Keys> keys = makeKeys();
+    std::unique_ptr<Accessibility> accessibility;
+    PlacementLog log;
+    GameSupervisor supervisor;
+
+    Play(const Places &places, Clock &clock, Tasks &tasks, ProcessControl &processes, LibraryStore &library,
+         const Workspace &workspace, const Preferences &preferences)
+        : accessibility(makeAccessibility(tasks)), log(places, clock, tasks),
+          supervisor({places.host, clock, *windows, *accessibility, *keys, processes, log}, library, workspace,
+                     preferences)
+    { }
+};
+
 /// Everything there is while Velko runs: services, then stores, then the window, which is built when it is first
 /// wanted.
 class Program {
@@ -88,6 +109,8 @@ public:
             [this](const Request &request, const std::shared_ptr<Reply> &reply) { serve(request, reply); });
         QObject::connect(
             &m_library, &LibraryStore::gameEnded, &m_commands, [this] { endWhenIdle(); }, Qt::QueuedConnection);
+        QObject::connect(&m_library, &LibraryStore::gameStarted, &m_commands,
+                         [this](const QString &id, const StartedGame &program) { watch(id, program); });
     }
 
     /// What this process was started for. It ends when that is done and nothing else is going on.
@@ -151,6 +174,25 @@ private:
         return true;
     }
 
+    Play &play()
+    {
+        if (!m_play) {
+            m_play = std::make_unique<Play>(m_places, *m_clock, *m_tasks, *m_processes, m_library, *m_workspace,
+                                            m_preferences);
+            QObject::connect(&m_play->supervisor, &GameSupervisor::changed, &m_commands, [this] { endWhenIdle(); });
+        }
+        return *m_play;
+    }
+
+    void watch(const QString &id, const StartedGame &program)
+    {
+        const GameEntry *game = m_library.game(id);
+        const GameSettings settings = game ? game->settings.value_or(GameSettings()) : GameSettings();
+        play().supervisor.startWatching(
+            runningGame(id, game ? game->title : QString(), program, m_places.host, m_clock->now()),
+            {.fullScreenWanted = settings.fullScreen.value_or(true), .showCurtain = m_window != nullptr});
+    }
+
     /// A closed window does not end the time of a game that runs.
     void endWhenIdle()
     {
@@ -158,18 +200,17 @@ private:
             &m_commands,
             [this] {
                 const bool windowShown = m_window && m_window->window() && m_window->window()->isVisible();
-                if (windowShown || m_commands.isBusy() || m_library.launching() || !m_library.running().isEmpty())
-                    return;
+                const bool playing = !m_library.running().isEmpty() || (m_play && m_play->supervisor.isEnding());
+                if (windowShown || playing || m_commands.isBusy() || m_library.launching()) return;
                 QCoreApplication::exit(m_exitStatus);
             },
             Qt::QueuedConnection);
     }
 
-    Session session() const
+    Session session()
     {
         Session session;
-        session.displays =
-            qobject_cast<QGuiApplication *>(QCoreApplication::instance()) ? int(QGuiApplication::screens().size()) : 1;
+        session.displays = std::max(int(play().windows->displays().size()), 1);
         session.wayland = m_places.waylandSession && qEnvironmentVariableIsSet("DISPLAY");
         return session;
     }
@@ -187,6 +228,7 @@ private:
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
     CommandRunner m_commands;
+    std::unique_ptr<Play> m_play;
     std::unique_ptr<VelkoWindow> m_window;
     int m_exitStatus = 0;
 };

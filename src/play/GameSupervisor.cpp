@@ -154,11 +154,13 @@ void GameSupervisor::finishQuit(qint64 pid)
 {
     m_library.endSession(pid);
     std::erase_if(m_endings, [pid](const auto &ending) { return ending->pid() == pid; });
-    if (!m_quit || m_quit->pid() != pid) return;
-    m_quit.reset();
-    m_game.reset();
+    const bool newest = m_quit && m_quit->pid() == pid;
+    if (newest) {
+        m_quit.reset();
+        m_game.reset();
+    }
     emit changed();
-    emit quitFinished();
+    if (newest) emit quitFinished();
 }
 
 void GameSupervisor::endHandOver()
