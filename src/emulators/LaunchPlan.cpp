@@ -1,6 +1,7 @@
 #include "emulators/LaunchPlan.h"
 
 #include "catalog/EmulatorDef.h"
+#include "emulators/CommandChannel.h"
 #include "emulators/FlatpakAccess.h"
 #include "emulators/LaunchArguments.h"
 #include "emulators/RetroArchConfig.h"
@@ -48,7 +49,9 @@ void runInFlatpak(LaunchPlan &plan, const LaunchRequest &request, const Installe
                   const LaunchFacts &facts)
 {
     QStringList options;
-    const QString access = flatpakAccess(emulator.emulatorID, request.path, facts.gameIsFolder, facts.home);
+    const QString access = request.path.isEmpty()
+        ? QString()
+        : flatpakAccess(emulator.emulatorID, request.path, facts.gameIsFolder, facts.home);
     if (!access.isEmpty()) options += access;
     for (const auto &[name, value] : plan.environment.asKeyValueRange())
         options += u"--env="_s + name + u'=' + value;
@@ -81,7 +84,7 @@ void prepareLinux(LaunchPlan &plan, const LaunchRequest &request, const Installe
     if (id == "cemu"_L1) plan.programsToEnd = emulatorWithID(id, Host::linux)->programs;
     if (id == "retroarch"_L1) {
         plan.configFile = facts.retroArchConfig;
-        plan.configText = retroArchConfig(request.settings);
+        plan.configText = retroArchConfig(request.settings, retroArchPort(request.path));
         if (facts.stateExists) {
             plan.stateToCopy = request.statePath.value_or(QString());
             plan.stateCopy = retroArchEntryState(plan.stateToCopy);
@@ -127,6 +130,18 @@ LaunchPlan planEmulator(const LaunchRequest &request, const InstalledEmulator &e
         prepareMac(plan, request, emulator.emulatorID, facts);
     else
         prepareLinux(plan, request, emulator, facts);
+    return plan;
+}
+
+LaunchPlan planEmulatorAlone(const InstalledEmulator &emulator, const LaunchFacts &facts)
+{
+    LaunchPlan plan;
+    plan.engine = emulator.emulatorID;
+    plan.applicationID = applicationIDOf(emulator.applicationID, emulator.path);
+    plan.command = emulator.command;
+    plan.workingFolder = facts.home;
+    if (facts.host == Host::linux) plan.environment = linuxEnvironment({}, emulator.emulatorID, facts);
+    if (emulator.kind == ApplicationKind::flatpak) runInFlatpak(plan, {}, emulator, facts);
     return plan;
 }
 

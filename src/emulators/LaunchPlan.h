@@ -21,6 +21,7 @@ struct LaunchFacts {
     bool slotBesideGame = false; ///< `mgbaSlotOf` the game is there
     QString core; ///< RetroArch: the core's file
     QString retroArchConfig; ///< RetroArch: where the file of our own settings lies
+    QString xemuSocket; ///< xemu: where it takes commands; empty: it takes none
     QString openEmuCopy; ///< OpenEmu: the game in its own library; empty: not there
 };
 
@@ -51,6 +52,9 @@ bool opensItself(const QString &path, const Console &console, Host host);
 
 LaunchPlan planNativeGame(const LaunchRequest &request, const Console &console, const LaunchFacts &facts);
 LaunchPlan planEmulator(const LaunchRequest &request, const InstalledEmulator &emulator, const LaunchFacts &facts);
+
+/// The emulator without a game, for its settings.
+LaunchPlan planEmulatorAlone(const InstalledEmulator &emulator, const LaunchFacts &facts);
 
 /// Where mGBA keeps slot 1 of a game: beside it, with the extension "ss1". An mGBA game resumes there by itself.
 QString mgbaSlotOf(const QString &gamePath);

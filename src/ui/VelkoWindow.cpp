@@ -2,11 +2,13 @@
 
 #include "app/AppState.h"
 #include "app/Translator.h"
+#include "emulators/EmulatorOpener.h"
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
 #include "ui/BackdropImageProvider.h"
 #include "ui/CoverImageProvider.h"
+#include "ui/EmulatorFacts.h"
 #include "ui/FocusKeeper.h"
 #include "ui/FolderList.h"
 #include "ui/Fonts.h"
@@ -38,15 +40,21 @@ struct VelkoWindow::Content {
     explicit Content(const WindowParts &given)
         : parts(given), sources{given.library, given.emulators, given.preferences, given.translator,
                                 given.clock,   given.tasks,     given.workspace,   given.places.host},
-          home(sources), openGame(sources), alerts(given.library, given.translator), notices(given.clock),
+          opener(given.places, given.workspace), home(sources), openGame(sources),
+          gameEmulator(given.emulators, given.preferences, opener, given.translator, given.places),
+          shownEmulator(given.emulators, given.preferences, opener, given.translator, given.places),
+          alerts(given.library, given.translator), notices(given.clock),
           folders(given.places, given.tasks, given.translator),
           lists(given.library, given.emulators, given.app, given.preferences, given.translator, given.places)
     { }
 
     WindowParts parts;
     GameFacts::Sources sources;
+    EmulatorOpener opener;
     HomeFacts home;
     GameFacts openGame; ///< the game whose page is open
+    EmulatorFacts gameEmulator; ///< the one that plays that game
+    EmulatorFacts shownEmulator; ///< the one whose sheet is open
     LibraryAlerts alerts;
     Notices notices;
     FolderList folders;
@@ -107,6 +115,8 @@ bool VelkoWindow::load()
                                {u"input"_s, QVariant::fromValue(&content.input)},
                                {u"home"_s, QVariant::fromValue(&content.home)},
                                {u"openGame"_s, QVariant::fromValue(&content.openGame)},
+                               {u"gameEmulator"_s, QVariant::fromValue(&content.gameEmulator)},
+                               {u"shownEmulator"_s, QVariant::fromValue(&content.shownEmulator)},
                                {u"alerts"_s, QVariant::fromValue(&content.alerts)},
                                {u"notices"_s, QVariant::fromValue(&content.notices)},
                                {u"folders"_s, QVariant::fromValue(&content.folders)}});

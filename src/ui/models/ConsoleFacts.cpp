@@ -2,34 +2,18 @@
 
 #include "app/Translator.h"
 #include "catalog/EmulatorDef.h"
+#include "emulators/ControllerClass.h"
+#include "emulators/ControllerGuide.h"
 #include "emulators/CoreFinder.h"
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryStore.h"
+#include "ui/CopyText.h"
 #include "ui/models/EngineStatus.h"
 #include "ui/models/JoinedTexts.h"
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
-
-static QString kindText(ApplicationKind kind)
-{
-    switch (kind) {
-    case ApplicationKind::native:
-    case ApplicationKind::bundle:
-        return u"Installed"_s;
-    case ApplicationKind::appImage:
-        return u"AppImage"_s;
-    case ApplicationKind::flatpak:
-        return u"Flatpak"_s;
-    }
-    return {};
-}
-
-static QString fromHome(const QString &path, const Places &places)
-{
-    return path.startsWith(places.home + u'/') ? u'~' + path.mid(places.home.size()) : path;
-}
 
 EmulatorCopiesModel::EmulatorCopiesModel(const InstalledEmulators &emulators, const Translator &translator,
                                          const Places &places, QObject *parent)
@@ -51,6 +35,8 @@ QVariant EmulatorCopiesModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
     case Name:
         return row.name;
+    case EmulatorID:
+        return row.emulatorID;
     case Detail:
         return m_translator.translate(row.detail);
     case Path:
@@ -69,8 +55,8 @@ QVariant EmulatorCopiesModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> EmulatorCopiesModel::roleNames() const
 {
-    return {{Name, "name"},           {Detail, "detail"}, {Path, "path"},      {Spoken, "spoken"},
-            {Installed, "installed"}, {InUse, "inUse"},   {Website, "website"}};
+    return {{Name, "title"},    {EmulatorID, "emulatorID"}, {Detail, "detail"}, {Path, "path"},
+            {Spoken, "spoken"}, {Installed, "installed"},   {InUse, "inUse"},   {Website, "website"}};
 }
 
 void EmulatorCopiesModel::setConsole(const Console *console)
@@ -89,8 +75,8 @@ void EmulatorCopiesModel::refill()
             if (!def) continue;
             const QList<InstalledEmulator> copies = m_emulators.copies(id);
             for (const InstalledEmulator &copy : copies)
-                rows += {def->name, kindText(copy.kind), copy.path, def->website, used && *used == copy};
-            if (copies.isEmpty()) rows += {def->name, u"Not installed"_s, {}, def->website};
+                rows += {id, def->name, copyText(copy.kind), copy.path, def->website, used && *used == copy};
+            if (copies.isEmpty()) rows += {id, def->name, u"Not installed"_s, {}, def->website};
         }
     }
     const bool otherCount = rows.size() != m_rows.size();
@@ -203,6 +189,15 @@ QString ConsoleFacts::emulatorHint() const
             : m_translator.fill(u"RetroArch lacks its core for this console. It is in the package %@."_s, {package});
     }
     return m_translator.translate(u"Install one of these, and the games can be played."_s);
+}
+
+QString ConsoleFacts::controllerText() const
+{
+    const auto used = m_console ? m_emulators.forConsole(m_console->id) : std::nullopt;
+    if (!used) return {};
+    const QString &id = used->emulatorID;
+    return m_translator.translate(controllerClass(id) == ControllerClass::manual ? controllerHint(id)
+                                                                                 : controllerGuide(id).first());
 }
 
 QString ConsoleFacts::biosLabel() const

@@ -20,6 +20,7 @@ class EmulatorCopiesModel : public QAbstractListModel {
 public:
     enum Role {
         Name = Qt::UserRole + 1,
+        EmulatorID,
         Detail, ///< how it is installed, translated
         Path, ///< empty: not installed
         Installed,
@@ -42,6 +43,7 @@ signals:
 
 private:
     struct Row {
+        QString emulatorID;
         QString name;
         QString detail; ///< in English
         QString path;
@@ -76,6 +78,7 @@ class ConsoleFacts : public QObject {
     Q_PROPERTY(QString statusDot READ statusDot NOTIFY statusChanged)
     Q_PROPERTY(bool hasEmulators READ hasEmulators NOTIFY changed)
     Q_PROPERTY(QString emulatorHint READ emulatorHint NOTIFY statusChanged)
+    Q_PROPERTY(QString controllerText READ controllerText NOTIFY statusChanged)
     Q_PROPERTY(QString biosLabel READ biosLabel NOTIFY changed)
     Q_PROPERTY(QString biosHint READ biosHint NOTIFY changed)
     Q_PROPERTY(QString biosNeed READ biosNeed NOTIFY changed)
@@ -100,6 +103,7 @@ public:
     QString statusDot() const; ///< colour role
     bool hasEmulators() const; ///< emulators play this console
     QString emulatorHint() const; ///< what is missing; empty when ready
+    QString controllerText() const; ///< how the controller gets into the emulator that is used
     QString biosLabel() const; ///< empty: no system files are needed
     QString biosHint() const;
     QString biosNeed() const; ///< "Required" or "Optional"

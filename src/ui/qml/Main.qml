@@ -11,6 +11,8 @@ FocusScope {
     required property InputMode input
     required property HomeFacts home
     required property GameFacts openGame
+    required property EmulatorFacts gameEmulator
+    required property EmulatorFacts shownEmulator
     required property LibraryAlerts alerts
     required property Notices notices
     required property FolderList folders
@@ -28,6 +30,7 @@ FocusScope {
     Binding { target: Theme; property: "effects"; value: root.GraphicsInfo.api !== GraphicsInfo.Software }
     Binding { target: Theme; property: "wholeScale"; value: Screen.devicePixelRatio % 1 === 0 }
     Binding { target: root.openGame; property: "gameID"; value: root.app.detailGame }
+    Binding { target: root.gameEmulator; property: "emulatorID"; value: root.openGame.options.engine }
     Binding { target: root.home; property: "active"; value: root.app.tab === "home" }
 
     Rectangle {
@@ -56,8 +59,10 @@ FocusScope {
             keeper: root.keeper
             home: root.home
             openGame: root.openGame
+            gameEmulator: root.gameEmulator
             alerts: root.alerts
             onFolderWanted: overlays.show("folder")
+            onEmulatorWanted: emulatorID => overlays.showEmulator(emulatorID)
             onRemovalWanted: overlays.show("remove")
             onRenameWanted: overlays.show("rename")
         }
@@ -82,7 +87,9 @@ FocusScope {
         focus: root.modal
         app: root.app
         library: root.library
+        keeper: root.keeper
         openGame: root.openGame
+        emulator: root.shownEmulator
         alerts: root.alerts
         notices: root.notices
         folders: root.folders

@@ -7,6 +7,7 @@ FocusScope {
     required property FocusKeeper keeper
     property real contentHeight: column.childrenRect.height
     property real revealMargin: 96
+    property color ground: Theme.bg ///< what it fades into at its upper edge
     default property alias content: column.data
     property alias behind: back.data ///< stays where it is while the page scrolls
     readonly property Item focused: root.activeFocus ? root.Window.activeFocusItem : null
@@ -44,8 +45,8 @@ FocusScope {
         width: parent.width
         height: 28
         gradient: Gradient {
-            GradientStop { position: 0; color: Theme.bg }
-            GradientStop { position: 1; color: Qt.alpha(Theme.bg, 0) }
+            GradientStop { position: 0; color: root.ground }
+            GradientStop { position: 1; color: Qt.alpha(root.ground, 0) }
         }
     }
     ScrollHandle { view: view }

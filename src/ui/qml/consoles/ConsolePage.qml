@@ -13,6 +13,7 @@ FocusScope {
     readonly property int sideGap: Theme.contentWidth >= 1500 ? 60 : 40
     property bool sorting: false
     signal folderWanted
+    signal emulatorWanted(string emulatorID)
 
     Keys.onEscapePressed: root.app.selectedConsole = ""
     Keys.onBackPressed: root.app.selectedConsole = ""
@@ -107,6 +108,7 @@ FocusScope {
                     visible: root.facts.hasEmulators && root.facts.emulators.count > 0
                     width: parent.width
                     facts: root.facts
+                    onEmulatorWanted: emulatorID => root.emulatorWanted(emulatorID)
                 }
                 BiosCard {
                     visible: root.facts.biosLabel !== ""

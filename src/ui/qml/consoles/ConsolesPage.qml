@@ -11,6 +11,7 @@ FocusScope {
     required property LibraryLists lists
     readonly property bool open: app.selectedConsole !== ""
     signal folderWanted
+    signal emulatorWanted(string emulatorID)
 
     ConsoleCatalog {
         anchors.fill: parent
@@ -29,6 +30,7 @@ FocusScope {
             keeper: root.keeper
             lists: root.lists
             onFolderWanted: root.folderWanted()
+            onEmulatorWanted: emulatorID => root.emulatorWanted(emulatorID)
         }
         onLoaded: if (root.visible) (item as Item).forceActiveFocus()
     }

@@ -6,6 +6,7 @@ ScrollPage {
     id: root
     required property AppState app
     required property GameFacts game
+    required property EmulatorFacts emulator
     readonly property int coverWidth: Theme.contentWidth >= 1500 ? 360 : Theme.contentWidth >= 1000 ? 264 : 200
     readonly property int sideGap: Theme.contentWidth >= 1500 ? 64 : 40
     signal removalWanted
@@ -86,6 +87,7 @@ ScrollPage {
             GameTabs {
                 width: parent.width
                 game: root.game
+                emulator: root.emulator
                 onRemovalWanted: root.removalWanted()
                 onRenameWanted: root.renameWanted()
             }

@@ -5,6 +5,7 @@ import Velko
 FocusScope {
     id: root
     required property GameFacts game
+    required property EmulatorFacts emulator
     readonly property bool wide: width >= 960
     readonly property int sideWidth: Math.min(448, width * 0.335)
     signal removalWanted
@@ -45,7 +46,7 @@ FocusScope {
         x: root.wide ? root.width - width : 0
         y: root.wide ? 112 : 112 + body.height + 24
         width: root.wide ? root.sideWidth : root.width
-        height: root.wide ? Math.max(350, body.height) : 300
+        height: root.wide ? Math.max(350, Math.min(440, body.height)) : 300
         game: root.game
     }
     Component {
@@ -54,17 +55,7 @@ FocusScope {
     }
     Component {
         id: controller
-        Card {
-            implicitHeight: 92
-            Label {
-                x: 28
-                width: parent.width - 56
-                anchors.verticalCenter: parent.verticalCenter
-                text: Tr.translate("Setting up the controller from here comes with a later version. Until then, set it up once in the emulator.")
-                color: Theme.t2
-                wrapMode: Text.Wrap
-            }
-        }
+        SetupPanel { emulator: root.emulator }
     }
     Component {
         id: stats

@@ -6,16 +6,22 @@ FocusScope {
     id: root
     required property AppState app
     required property LibraryStore library
+    required property FocusKeeper keeper
     required property GameFacts openGame
+    required property EmulatorFacts emulator
     required property LibraryAlerts alerts
     required property Notices notices
     required property FolderList folders
-    property string wanted ///< by the user: "menu", "about", "folder", "remove", "rename"; empty: none
+    property string wanted ///< by the user: "menu", "about", "folder", "remove", "rename", "emulator"; empty: none
     readonly property string shown: alerts.missingText !== "" ? "missing" : alerts.setupText !== "" ? "setup"
         : alerts.errorText !== "" ? "error" : app.report ? "report" : wanted
     readonly property bool busy: shown !== ""
 
     function show(name) { root.wanted = name }
+    function showEmulator(emulatorID) {
+        root.emulator.emulatorID = emulatorID
+        root.wanted = "emulator"
+    }
 
     Loader {
         anchors.fill: parent
@@ -23,7 +29,8 @@ FocusScope {
         active: root.busy
         sourceComponent: root.shown === "missing" ? missing : root.shown === "setup" ? setup : root.shown === "error" ? error
             : root.shown === "report" ? report : root.shown === "menu" ? menu : root.shown === "about" ? about
-            : root.shown === "folder" ? folder : root.shown === "remove" ? remove : root.shown === "rename" ? rename : null
+            : root.shown === "folder" ? folder : root.shown === "remove" ? remove : root.shown === "rename" ? rename
+            : root.shown === "emulator" ? emulatorSheet : null
         onLoaded: (item as Item).forceActiveFocus()
     }
     Component {
@@ -119,6 +126,14 @@ FocusScope {
                 root.wanted = ""
                 if (answer === "remove") root.openGame.remove()
             }
+        }
+    }
+    Component {
+        id: emulatorSheet
+        EmulatorSheet {
+            emulator: root.emulator
+            keeper: root.keeper
+            onClosed: root.wanted = ""
         }
     }
     Component {

@@ -10,9 +10,11 @@ FocusScope {
     required property FocusKeeper keeper
     required property HomeFacts home
     required property GameFacts openGame
+    required property EmulatorFacts gameEmulator
     required property LibraryAlerts alerts
     readonly property bool gameShown: app.detailGame !== "" && openGame.exists
     signal folderWanted
+    signal emulatorWanted(string emulatorID)
     signal removalWanted
     signal renameWanted
 
@@ -39,6 +41,7 @@ FocusScope {
             parts: modelData.parts
             covered: root.gameShown
             onFolderWanted: root.folderWanted()
+            onEmulatorWanted: emulatorID => root.emulatorWanted(emulatorID)
         }
     }
     Loader {
@@ -46,7 +49,8 @@ FocusScope {
         anchors.fill: parent
         active: root.gameShown
         focus: root.gameShown
-        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, game: root.openGame })
+        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, game: root.openGame,
+            emulator: root.gameEmulator })
         onLoaded: (item as Item).forceActiveFocus()
     }
     Connections {

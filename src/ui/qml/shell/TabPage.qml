@@ -11,6 +11,7 @@ FocusScope {
     property bool covered: false ///< a page opened from it lies above
     readonly property bool current: app.tab === name
     signal folderWanted
+    signal emulatorWanted(string emulatorID)
 
     anchors.fill: parent
     visible: current && !covered
@@ -29,5 +30,6 @@ FocusScope {
         target: loader.item
         ignoreUnknownSignals: true
         function onFolderWanted() { root.folderWanted() }
+        function onEmulatorWanted(emulatorID) { root.emulatorWanted(emulatorID) }
     }
 }
