@@ -33,6 +33,7 @@ void GameSupervisor::startWatching(const RunningGame &game, const WatchOptions &
         m_endings.push_back(std::move(m_quit));
     }
     m_game = game;
+    m_paused = false;
     const QList<Monitor> displays = m_reach.windows.displays();
     const auto active = m_reach.windows.activeWindow();
     m_placement.displayName =
