@@ -7,6 +7,7 @@
 #include "app/PreferenceMigration.h"
 #include "app/Translator.h"
 #include "emulators/BiosFiles.h"
+#include "emulators/EmulatorChanges.h"
 #include "emulators/EmulatorFinder.h"
 #include "emulators/EmulatorLauncher.h"
 #include "emulators/InstalledEmulators.h"
@@ -17,6 +18,9 @@
 #include "platform/RequestChannel.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/QuitSignals.h"
+
+#include "play/ControllerInput.h"
+#include "play/GameFreezer.h"
 #include "play/GameSupervisor.h"
 #include "play/PlacementLog.h"
 #include "ui/Fonts.h"
@@ -73,21 +77,46 @@ int askOwner(RequestChannel &channel, const QStringList &arguments)
     return QCoreApplication::exec();
 }
 
+/// Until other programs' menus can be reached: nothing is found, and nothing pressed.
+struct NoAccessibility final : Accessibility {
+    Tasks &tasks;
+
+    explicit NoAccessibility(Tasks &background) : tasks(background) { }
+    bool isAvailable() const override { return false; }
+    void windows(const QList<qint64> &, std::function<void(QList<AccessibleWindow>)> done) override
+    {
+        tasks.post([done = std::move(done)] { done({}); });
+    }
+    void menu(const QList<qint64> &, const QStringList &, std::function<void(QList<MenuEntry>)> done) override
+    {
+        tasks.post([done = std::move(done)] { done({}); });
+    }
+    void press(const MenuEntry &, std::function<void(bool)> done) override
+    {
+        tasks.post([done = std::move(done)] { done(false); });
+    }
+};
+
 /// Who watches over a running game, and through what. Made when a game or a window first needs it: other commands have
 /// no business with the display.
 struct Play {
-    std::unique_ptr<Windows> windows = makeWindows();
-    std::unique_ptr<Keys> keys = makeKeys();
-    std::unique_ptr<Accessibility> accessibility;
+    const std::unique_ptr<Windows> windows = makeWindows();
+    const std::unique_ptr<Keys> keys = makeKeys();
+    const std::unique_ptr<Accessibility> accessibility;
     PlacementLog log;
+    const GameReach reach;
+    GameFreezer freezer;
     GameSupervisor supervisor;
 
     Play(const Places &places, Clock &clock, Tasks &tasks, ProcessControl &processes, LibraryStore &library,
          const Workspace &workspace, const Preferences &preferences)
-        : accessibility(makeAccessibility(tasks)), log(places, clock, tasks),
-          supervisor({places.host, clock, *windows, *accessibility, *keys, processes, log}, library, workspace,
-                     preferences)
-    { }
+        : accessibility(std::make_unique<NoAccessibility>(tasks)),
+          log(places, clock, tasks), reach{places.host, clock, *windows, *accessibility, *keys, processes, log},
+          freezer(reach, library), supervisor(reach, library, workspace, preferences)
+    {
+        QObject::connect(&freezer, &GameFreezer::frozenChanged, &supervisor,
+                         [this] { supervisor.setPaused(freezer.frozenPID().has_value()); });
+    }
 };
 
 /// Everything there is while Velko runs: services, then stores, then the window, which is built when it is first
@@ -99,13 +128,17 @@ public:
           m_translator(chooseLanguage(preferences.get(preference::appLanguage), QLocale::system().uiLanguages()),
                        places.host),
           m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
-          m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators,
+          m_changes(places, *m_clock, *m_tasks, *m_processes),
+          m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators, m_changes,
                      [this] { return session(); }),
           m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
           m_bios(places, m_emulators, preferences, *m_workspace, *m_tasks),
           m_commands(places, m_library, m_emulators.finder(), preferences, m_bios, *m_tasks, m_translator)
     {
         m_state.setProperty("language", code(m_translator.language()));
+        connectController();
+        // Without a window, controllers matter once there is a game; the start of it does not wait for them.
+        QObject::connect(&m_library, &LibraryStore::gameStarted, &m_controller, [this] { m_gamepads->start(); });
         QObject::connect(
             &channel, &RequestChannel::requested, &m_commands,
             [this](const Request &request, const std::shared_ptr<Reply> &reply) { serve(request, reply); });
@@ -130,12 +163,35 @@ private:
         const auto command = parseCommandLine(request.arguments);
         if (!command) {
             reply->printError(m_translator.message(command.failure()) + u'\n');
-            reply->finish(wrongUsage);
-        } else if (isForWindow(command.value())) {
+            return reply->finish(wrongUsage);
+        }
+        const QString pad = command.value().virtualPad;
+        const auto attached =
+            pad.isEmpty() ? Result<void>() : m_gamepads->attachVirtual(QDir(request.workingFolder).filePath(pad));
+        if (!attached) {
+            reply->printError(m_translator.message(attached.failure()) + u'\n');
+            return reply->finish(1);
+        }
+        if (isForWindow(command.value())) {
             showWindow(command.value(), *reply);
         } else {
             m_commands.run(command.value(), request.workingFolder, reply);
         }
+    }
+
+    /// The surfaces put their own callbacks in; here is what all of them share.
+    void connectController()
+    {
+        m_controller.isActive = [] { return QGuiApplication::focusWindow() != nullptr; };
+        m_controller.activate = [this] {
+            if (m_window) m_window->raise();
+        };
+        m_controller.hidePointer = [this] {
+            if (m_window) m_window->hidePointer();
+        };
+        m_controller.onCancelLaunch = [this] {
+            return (m_play || m_library.launching()) && play().supervisor.cancelLaunch();
+        };
     }
 
     void showWindow(const Command &command, Reply &reply)
@@ -156,8 +212,9 @@ private:
 
     bool buildWindow()
     {
-        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_emulators, m_preferences,
-                                                             m_translator, *m_clock, *m_tasks, *m_workspace, m_places});
+        m_window =
+            std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_emulators, m_preferences, m_translator,
+                                                      *m_clock, *m_tasks, *m_workspace, m_places, m_controller});
         if (!m_window->load()) {
             m_window.reset();
             return false;
@@ -170,6 +227,7 @@ private:
             window, &QQuickWindow::frameSwapped, &m_emulators,
             [this] {
                 m_emulators.refresh();
+                m_gamepads->start();
                 if (qEnvironmentVariableIsSet("VELKO_FIRST_FRAME")) write(stdout, u"first frame\n"_s);
             },
             Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
@@ -212,6 +270,10 @@ private:
     Session session()
     {
         Session session;
+
+        m_gamepads->start(); // they may be wanted for the first time: no window was opened
+        for (const Pad &pad : m_gamepads->pads())
+            session.controllers += pad.name;
         session.displays = std::max(int(play().windows->displays().size()), 1);
         session.wayland = m_places.waylandSession && qEnvironmentVariableIsSet("DISPLAY");
         return session;
@@ -222,15 +284,19 @@ private:
     const std::unique_ptr<Workspace> m_workspace = makeWorkspace(m_places);
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
+    const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
     const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes
     Preferences &m_preferences;
     Translator m_translator;
     AppState m_state;
     InstalledEmulators m_emulators;
+    EmulatorChanges m_changes;
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
     BiosFiles m_bios;
     CommandRunner m_commands;
+
+    ControllerInput m_controller{*m_gamepads, *m_clock};
     std::unique_ptr<Play> m_play;
     std::unique_ptr<VelkoWindow> m_window;
     int m_exitStatus = 0;

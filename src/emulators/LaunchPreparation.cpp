@@ -1,6 +1,7 @@
 #include "emulators/LaunchPreparation.h"
 
 #include "emulators/CommandChannel.h"
+#include "emulators/ControllerMapping.h"
 #include "emulators/OpenEmuLibrary.h"
 #include "emulators/SessionLog.h"
 #include "platform/ProcessControl.h"
@@ -56,8 +57,21 @@ static QString socketFor(const InstalledEmulator &xemu, const QString &gamePath,
     return socket;
 }
 
+static SetUpOrder orderOf(const InstalledEmulator &emulator, const LaunchInput &input, const Places &places)
+{
+    const LaunchRequest &request = input.request;
+    SetUpOrder order;
+    order.wish = {emulator.emulatorID, places.host,      emulatorFolders(emulator, places),
+                  request.path,        request.settings, request.settings.quality.value_or(input.quality)};
+    order.mapsController = input.mapsControllers && hasXboxController(input.session.controllers);
+    if (input.vblankRaised) order.vblankRate = usualVblankRate;
+    order.now = ReferenceDate::from(input.now);
+    return order;
+}
+
+/// `chosen`: the copy that was chosen; absent for a game that is itself a program.
 static Result<LaunchPlan> planOf(const Console &console, const LaunchInput &input, const Places &places,
-                                 const EmulatorFinder &finder)
+                                 const EmulatorFinder &finder, std::optional<InstalledEmulator> &chosen)
 {
     LaunchFacts facts = factsOf(input, places);
     if (opensItself(input.request.path, console, places.host)) {
@@ -71,6 +85,7 @@ static Result<LaunchPlan> planOf(const Console &console, const LaunchInput &inpu
         if (const auto refusal = shadPS4MacRefusal(input.session.mac)) return *refusal;
     }
     if (const auto refusal = emulatorRefusal(emulator, input.request.path, places)) return *refusal;
+    chosen = emulator;
     facts.core = ready.value().core;
     if (emulator.emulatorID == "xemu"_L1) facts.xemuSocket = socketFor(emulator, input.request.path, places);
     if (emulator.emulatorID == "openemu"_L1) facts.openEmuCopy = openEmuCopyOf(input.request.path, places.home);
@@ -111,9 +126,14 @@ Result<PreparedLaunch> prepareLaunch(const LaunchInput &input, const Places &pla
         return Message{u"Velko doesn't know the console “%@” of this game. Remove the game and add it again."_s,
                        {request.consoleID}};
     }
-    const auto plan = planOf(*console, input, places, finder);
+    std::optional<InstalledEmulator> emulator;
+    const auto plan = planOf(*console, input, places, finder, emulator);
     if (!plan) return plan.failure();
+    PreparedLaunch launch{plan.value(),
+                          newSessionLog(places.logFolder(), plan.value().engine, input.now),
+                          runningNow(plan.value().programsToEnd, processes),
+                          {}};
     writeFiles(plan.value());
-    return PreparedLaunch{plan.value(), newSessionLog(places.logFolder(), plan.value().engine, input.now),
-                          runningNow(plan.value().programsToEnd, processes)};
+    if (emulator) launch.setUp = orderOf(*emulator, input, places);
+    return launch;
 }

@@ -22,6 +22,7 @@ struct StartedGame {
     QString applicationID; ///< desktop id, Flatpak id or program name
     QString engine; ///< identifier of the emulator; "nxnative" or "native" for a game that is itself a program
     QString logFile; ///< what the program prints
+    QList<Message> shortcomings; ///< what of the game's settings could not be written; the game runs all the same
 };
 
 /// Starts games for the library, which does not know how. Main thread; `done` comes once, on the main thread, and never

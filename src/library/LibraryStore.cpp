@@ -331,6 +331,7 @@ void LibraryStore::programStarted(const GameLaunch::Order &order, const StartedG
     edit(order.gameID, [this](GameEntry &game) { game.lastPlayed = ReferenceDate::from(m_clock.now()); });
     emit runningChanged();
     emit gameStarted(order.gameID, program);
+    if (!program.shortcomings.isEmpty()) setLastError(program.shortcomings.first());
     if (endedEarly.contains(program.pid)) programEnded(program.pid, endedEarly[program.pid]);
 }
 

@@ -19,6 +19,8 @@
 #include "ui/InputMode.h"
 #include "ui/LibraryAlerts.h"
 #include "ui/Notices.h"
+#include "ui/PadNavigation.h"
+#include "ui/PointerHider.h"
 #include "ui/QmlTypes.h"
 #include "ui/Renderer.h"
 #include "ui/ShadowImageProvider.h"
@@ -62,6 +64,8 @@ struct VelkoWindow::Content {
     QQuickView view;
     FocusKeeper keeper{&view};
     InputMode input{&view};
+    PadNavigation pad{&view, input, parts.translator};
+    PointerHider pointer;
 };
 
 /// The renderer is chosen before the first window is made.
@@ -88,10 +92,12 @@ VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content
     QObject::connect(
         &m_content->view, &QQuickWindow::frameSwapped, &m_content->view, [covers] { covers->begin(); },
         Qt::SingleShotConnection);
+    parts.controller.onEvent = [pad = &m_content->pad](PadEvent event) { pad->handle(event); };
 }
 
 VelkoWindow::~VelkoWindow()
 {
+    m_content->parts.controller.onEvent = nullptr;
     m_content->view.setSource({}); // the pages go before what they are bound to
 }
 
@@ -112,6 +118,8 @@ bool VelkoWindow::load()
                                {u"library"_s, QVariant::fromValue(&content.parts.library)},
                                {u"lists"_s, QVariant::fromValue(&content.lists)},
                                {u"keeper"_s, QVariant::fromValue(&content.keeper)},
+                               {u"pad"_s, QVariant::fromValue(&content.pad)},
+                               {u"controller"_s, QVariant::fromValue(&content.parts.controller)},
                                {u"input"_s, QVariant::fromValue(&content.input)},
                                {u"home"_s, QVariant::fromValue(&content.home)},
                                {u"openGame"_s, QVariant::fromValue(&content.openGame)},
@@ -135,4 +143,9 @@ void VelkoWindow::raise()
     view.show();
     view.raise();
     view.requestActivate();
+}
+
+void VelkoWindow::hidePointer()
+{
+    m_content->pointer.hide();
 }

@@ -4,6 +4,7 @@
 
 class AppState;
 class Clock;
+class ControllerInput;
 class InstalledEmulators;
 class LibraryStore;
 class Preferences;
@@ -24,6 +25,7 @@ struct WindowParts {
     Tasks &tasks;
     Workspace &workspace;
     const Places &places;
+    ControllerInput &controller; ///< its ordinary events go to this window
 };
 
 /// The main window.
@@ -35,6 +37,7 @@ public:
     bool load(); ///< false when the interface is damaged; shows nothing by itself
     QQuickWindow *window();
     void raise(); ///< shows it, in front of other windows
+    void hidePointer(); ///< of the mouse, until it moves
 
 private:
     struct Content;

@@ -1,77 +1,9 @@
-#include "ui/VelkoWindow.h"
+#include "ui/WindowHouse.h"
 
-#include "platform/linux/LinuxServices.h"
-#include "ui/ListHouse.h"
-
-#include <QQuickItem>
-#include <QQuickWindow>
 #include <QRandomGenerator>
-#include <QTest>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-
-static QStringList warnings;
-
-static void keepWarning(QtMsgType type, const QMessageLogContext &, const QString &text)
-{
-    if (type != QtDebugMsg && type != QtInfoMsg) warnings += text;
-}
-
-/// The real window, offscreen, with a few games. Pictures are made in the background, as always.
-struct WindowHouse : ListHouse {
-    std::unique_ptr<Tasks> background = makeTasks();
-    std::unique_ptr<VelkoWindow> velko;
-
-    explicit WindowHouse(int games)
-    {
-        warnings.clear();
-        qInstallMessageHandler(keepWarning);
-        const QStringList systems{u"gba"_s, u"ps2"_s, u"snes"_s, u"n64"_s};
-        for (int i = 0; i < games; ++i) {
-            const QString id =
-                add(u"Game %1"_s.arg(i), systems[i % 4], i % 2 ? std::optional<double>(i) : std::nullopt);
-            store->setFavorite(id, i % 5 == 0);
-        }
-        emulators.refresh();
-        velko = std::make_unique<VelkoWindow>(
-            WindowParts{state, *store, emulators, preferences, translator, clock, *background, workspace, places});
-    }
-    ~WindowHouse()
-    {
-        velko.reset();
-        qInstallMessageHandler(nullptr);
-    }
-
-    bool show(QSize size = {1280, 800})
-    {
-        if (!velko->load()) return false;
-        window()->resize(size);
-        window()->show();
-        return QTest::qWaitForWindowExposed(window()) && settled();
-    }
-    QQuickWindow *window() const { return velko->window(); }
-    bool settled() const
-    {
-        for (int i = 0; i < 5; ++i)
-            QCoreApplication::processEvents();
-        return true;
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(window(), key, modifiers);
-        settled();
-    }
-    /// The control that has the focus: what Tab reaches, itself or around the focused item.
-    QQuickItem *control() const
-    {
-        QQuickItem *item = window()->activeFocusItem();
-        while (item && !item->activeFocusOnTab())
-            item = item->parentItem();
-        return item && item->isVisible() && item->isEnabled() ? item : nullptr;
-    }
-    QString focusedGame() const { return window()->activeFocusItem()->property("gameID").toString(); }
-};
 
 TEST(VelkoWindow, showsEveryTabWithAFocusAndWithoutAWarning)
 {

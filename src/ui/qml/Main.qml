@@ -9,6 +9,8 @@ FocusScope {
     required property LibraryLists lists
     required property FocusKeeper keeper
     required property InputMode input
+    required property PadNavigation pad
+    required property ControllerInput controller
     required property HomeFacts home
     required property GameFacts openGame
     required property EmulatorFacts gameEmulator
@@ -17,6 +19,7 @@ FocusScope {
     required property Notices notices
     required property FolderList folders
     readonly property bool modal: overlays.busy
+    readonly property int barHeight: hintBar.active ? 56 : 0
 
     focus: true
     Keys.onUpPressed: root.keeper.move(Qt.Key_Up)
@@ -49,9 +52,14 @@ FocusScope {
         anchors.fill: parent
         enabled: !root.modal
         focus: !root.modal
+        Pad.tabs: Tr.translate("Previous / next tab")
+        Pad.menu: Tr.translate("Menu")
+        Pad.onTabPressed: by => root.app.stepTab(by)
+        Pad.onMenuPressed: overlays.show("menu")
         Pages {
             anchors.fill: parent
             anchors.topMargin: bar.height
+            anchors.bottomMargin: root.barHeight
             focus: true
             app: root.app
             library: root.library
@@ -70,6 +78,7 @@ FocusScope {
             id: bar
             width: parent.width
             app: root.app
+            controllerName: root.controller.controllerName
             onMenuWanted: overlays.show("menu")
             onBigPictureWanted: root.notices.show(Tr.translate("Big Picture is not in this version of Velko yet."), "info")
         }
@@ -84,6 +93,7 @@ FocusScope {
     Overlays {
         id: overlays
         anchors.fill: parent
+        anchors.bottomMargin: root.barHeight
         focus: root.modal
         app: root.app
         library: root.library
@@ -95,8 +105,15 @@ FocusScope {
         folders: root.folders
     }
     Loader {
+        id: hintBar
+        y: root.height - height
+        width: root.width
+        active: Theme.inputMode === "pad"
+        sourceComponent: HintBar { hints: root.pad.hints }
+    }
+    Loader {
         anchors.horizontalCenter: parent.horizontalCenter
-        y: root.height - height - 32
+        y: root.height - height - 32 - root.barHeight
         active: root.notices.text !== ""
         sourceComponent: Notice {
             text: root.notices.text

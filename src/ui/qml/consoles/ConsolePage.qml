@@ -15,6 +15,7 @@ FocusScope {
     signal folderWanted
     signal emulatorWanted(string emulatorID)
 
+    Pad.back: Tr.translate("Back")
     Keys.onEscapePressed: root.app.selectedConsole = ""
     Keys.onBackPressed: root.app.selectedConsole = ""
 
