@@ -23,6 +23,9 @@
 #include "play/GameFreezer.h"
 #include "play/GameSupervisor.h"
 #include "play/PlacementLog.h"
+#include "play/SaveStates.h"
+#include "play/ScreenshotStore.h"
+#include "play/Screenshots.h"
 #include "ui/Fonts.h"
 #include "ui/VelkoWindow.h"
 
@@ -107,15 +110,26 @@ struct Play {
     const GameReach reach;
     GameFreezer freezer;
     GameSupervisor supervisor;
+    const std::unique_ptr<LocalSockets> sockets = makeLocalSockets();
+    const std::unique_ptr<ScreenCapture> capture = makeScreenCapture();
+    SaveStates states;
+    Screenshots screenshots;
 
     Play(const Places &places, Clock &clock, Tasks &tasks, ProcessControl &processes, LibraryStore &library,
-         const Workspace &workspace, const Preferences &preferences)
+         const Workspace &workspace, const Preferences &preferences, const InstalledEmulators &emulators,
+         ScreenshotStore &pictures)
         : accessibility(std::make_unique<NoAccessibility>(tasks)),
           log(places, clock, tasks), reach{places.host, clock, *windows, *accessibility, *keys, processes, log},
-          freezer(reach, library), supervisor(reach, library, workspace, preferences)
+          freezer(reach, library), supervisor(reach, library, workspace, preferences),
+          states({places, clock, tasks, *windows, *keys, *accessibility, processes, *sockets}, library, emulators),
+          screenshots(places, clock, tasks, *windows, *capture, processes)
     {
         QObject::connect(&freezer, &GameFreezer::frozenChanged, &supervisor,
                          [this] { supervisor.setPaused(freezer.frozenPID().has_value()); });
+        QObject::connect(&supervisor, &GameSupervisor::placed, &states, [this] {
+            if (supervisor.game()) states.continueFromState(*supervisor.game());
+        });
+        QObject::connect(&screenshots, &Screenshots::saved, &pictures, &ScreenshotStore::add);
     }
 };
 
@@ -218,9 +232,9 @@ private:
 
     bool buildWindow()
     {
-        m_window =
-            std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_emulators, m_preferences, m_translator,
-                                                      *m_clock, *m_tasks, *m_workspace, m_places, m_controller});
+        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_screenshots, m_emulators,
+                                                             m_preferences, m_translator, *m_clock, *m_tasks,
+                                                             *m_workspace, m_places, m_controller});
         if (!m_window->load()) {
             m_window.reset();
             return false;
@@ -244,7 +258,7 @@ private:
     {
         if (!m_play) {
             m_play = std::make_unique<Play>(m_places, *m_clock, *m_tasks, *m_processes, m_library, *m_workspace,
-                                            m_preferences);
+                                            m_preferences, m_emulators, m_screenshots);
             QObject::connect(&m_play->supervisor, &GameSupervisor::changed, &m_commands, [this] { endWhenIdle(); });
         }
         return *m_play;
@@ -289,6 +303,7 @@ private:
     const std::unique_ptr<Clock> m_clock = makeClock();
     const std::unique_ptr<Workspace> m_workspace = makeWorkspace(m_places);
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
+    const std::unique_ptr<Trash> m_trash = makeTrash();
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
     const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
     const std::unique_ptr<HotKey> m_hotKey = makeHotKey();
@@ -301,6 +316,7 @@ private:
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
     BiosFiles m_bios;
+    ScreenshotStore m_screenshots{m_places, *m_tasks, *m_trash, m_library};
     CommandRunner m_commands;
 
     ControllerInput m_controller{*m_gamepads, *m_clock};
