@@ -200,9 +200,12 @@ private:
             Qt::QueuedConnection);
     }
 
-    Session session() const
+    Session session()
     {
         Session session;
+        m_gamepads->start(); // they may be wanted for the first time: no window was opened
+        for (const Pad &pad : m_gamepads->pads())
+            session.controllers += pad.name;
         session.displays =
             qobject_cast<QGuiApplication *>(QCoreApplication::instance()) ? int(QGuiApplication::screens().size()) : 1;
         session.wayland = m_places.waylandSession && qEnvironmentVariableIsSet("DISPLAY");

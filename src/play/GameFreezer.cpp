@@ -3,50 +3,60 @@
 #include "library/LibraryStore.h"
 #include "platform/ProcessControl.h"
 
-#include <QCoreApplication>
-#include <utility>
+#include <algorithm>
 
-GameFreezer::GameFreezer(const GameReach &reach, LibraryStore &library, QObject *parent)
-    : QObject(parent), m_reach(reach), m_library(library)
+GameFreezer::GameFreezer(const GameReach &reach, LibraryStore &library, qint64 velko, QObject *parent)
+    : QObject(parent), m_reach(reach), m_library(library), m_velko(velko)
 {
-    connect(&m_reach.windows, &Windows::activeChanged, this, &GameFreezer::activeChanged);
-    connect(&m_library, &LibraryStore::gameEnded, this, [this](const QString &gameID) {
-        if (gameID == m_gameID) thaw();
+    connect(&reach.windows, &Windows::activeChanged, this, &GameFreezer::lookWhoIsInFront);
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &GameFreezer::thaw);
+    connect(&library, &LibraryStore::gameEnded, this, [this](const QString &id) {
+        if (m_game && m_game->gameID == id) thaw(); // what it had started may be there still
     });
 }
 
 GameFreezer::~GameFreezer()
 {
-    blockSignals(true);
-    thaw();
+    if (m_game) m_reach.processes.thaw(m_game->pid);
 }
 
-void GameFreezer::freeze(const RunningGame &game)
+std::optional<qint64> GameFreezer::frozenPID() const
 {
-    if (m_frozenPID == game.pid) return;
-    thaw();
-    m_reach.processes.freeze(game.pid);
-    m_frozenHelpers = m_reach.processes.tree(game.pid);
-    m_frozenHelpers.removeOne(game.pid);
-    m_frozenPID = game.pid;
-    m_gameID = game.gameID;
-    m_library.setPaused(m_gameID, true);
-    emit frozenChanged();
+    return m_game ? std::optional(m_game->pid) : std::nullopt;
+}
+
+bool GameFreezer::freeze(const RunningGame &game)
+{
+    if (m_game && m_game->pid != game.pid) thaw();
+    if (!m_reach.processes.freeze(game.pid)) return false;
+    setFrozen(game, m_reach.processes.tree(game.pid).mid(1));
+    return true;
 }
 
 void GameFreezer::thaw()
 {
-    if (!m_frozenPID) return;
-    m_reach.processes.thaw(*std::exchange(m_frozenPID, {}));
-    for (const qint64 helper : std::exchange(m_frozenHelpers, {}))
-        m_reach.processes.thaw(helper); // those that have left the game's tree since
-    m_library.setPaused(std::exchange(m_gameID, {}), false);
+    if (!m_game) return;
+    m_reach.processes.thaw(m_game->pid);
+    setFrozen({}, {});
+}
+
+void GameFreezer::setFrozen(const std::optional<RunningGame> &game, const QList<qint64> &helpers)
+{
+    if (m_game == game && m_helpers == helpers) return;
+    if (m_game && m_game != game) m_library.setPaused(m_game->gameID, false);
+    m_game = game;
+    m_helpers = helpers;
+    if (game) m_library.setPaused(game->gameID, true);
     emit frozenChanged();
 }
 
-void GameFreezer::activeChanged()
+// The keyboard is with nobody for a moment whenever it moves on; only another program counts. What the desktop says
+// about the game belongs to the game.
+void GameFreezer::lookWhoIsInFront()
 {
-    if (!m_frozenPID) return;
+    if (!m_game) return;
     const auto active = m_reach.windows.activeWindow();
-    if (active && active->pid != QCoreApplication::applicationPid() && !m_reach.isInFront(*m_frozenPID)) thaw();
+    if (!active || active->pid == m_velko) return;
+    const QList<AppWindow> ours = m_reach.windowsOf(m_game->pid);
+    if (std::ranges::find(ours, active->id, &AppWindow::id) == ours.end()) thaw();
 }

@@ -49,12 +49,8 @@ FocusScope {
         anchors.fill: parent
         active: root.gameShown
         focus: root.gameShown
-<<<<<<< HEAD
-        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, lists: root.lists, game: root.openGame })
-=======
-        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, game: root.openGame,
-            emulator: root.gameEmulator })
->>>>>>> main
+        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, lists: root.lists,
+            game: root.openGame, emulator: root.gameEmulator })
         onLoaded: (item as Item).forceActiveFocus()
     }
     Connections {
