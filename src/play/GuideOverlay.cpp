@@ -133,7 +133,7 @@ void GuideOverlay::hotKey()
 
 void GuideOverlay::open(GuidePage page)
 {
-    m_parts.freezer.freeze(*m_session);
+    if (!m_parts.freezer.freeze(*m_session)) return; // it has ended this moment
     m_picture = takenPicture();
     m_page = page;
     m_opener = GuidePage::menu;
