@@ -10,6 +10,7 @@
 #include "play/GuideOverlay.h"
 #include "play/PlacementLog.h"
 #include "play/SaveStates.h"
+#include "play/ScreenshotStore.h"
 #include "play/Screenshots.h"
 #include "ui/overlay/OverlayWindows.h"
 
@@ -70,8 +71,9 @@ void GameSession::Content::connectGames()
     QObject::connect(&parts.library, &LibraryStore::gameStarted, &guide,
                      [this](const QString &gameID, const StartedGame &program) { begin(gameID, program); });
     QObject::connect(&supervisor, &GameSupervisor::placed, &guide, [this] {
-        if (guide.session()) states.continueFromState(*guide.session());
+        if (supervisor.game()) states.continueFromState(*supervisor.game());
     });
+    QObject::connect(&screenshots, &Screenshots::saved, &parts.pictures, &ScreenshotStore::add);
 }
 
 void GameSession::Content::begin(const QString &gameID, const StartedGame &program)
@@ -118,6 +120,21 @@ GameSession::GameSession(const GameSessionParts &parts, VelkoFront front)
 { }
 
 GameSession::~GameSession() = default;
+
+int GameSession::displays() const
+{
+    return int(m_content->windows->displays().size());
+}
+
+bool GameSession::isEnding() const
+{
+    return m_content->supervisor.isEnding();
+}
+
+void GameSession::onChanged(std::function<void()> changed)
+{
+    QObject::connect(&m_content->supervisor, &GameSupervisor::changed, &m_content->guide, std::move(changed));
+}
 
 void GameSession::activate(unsigned long long window)
 {

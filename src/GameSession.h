@@ -9,6 +9,7 @@ class InstalledEmulators;
 class LibraryStore;
 class Preferences;
 class ProcessControl;
+class ScreenshotStore;
 class Tasks;
 class Translator;
 class Workspace;
@@ -26,6 +27,7 @@ struct GameSessionParts {
     const Translator &translator;
     const InstalledEmulators &emulators;
     LibraryStore &library;
+    ScreenshotStore &pictures;
     ControllerInput &controller;
 };
 

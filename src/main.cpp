@@ -1,4 +1,5 @@
 // Builds the services, the stores and the window, and connects them.
+#include "GameSession.h"
 #include "app/AppLanguage.h"
 #include "app/AppState.h"
 #include "app/CommandLine.h"
@@ -17,6 +18,8 @@
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/QuitSignals.h"
 #include "play/ControllerInput.h"
+#include "play/GuideOverlay.h"
+#include "play/ScreenshotStore.h"
 #include "ui/Fonts.h"
 #include "ui/VelkoWindow.h"
 
@@ -96,6 +99,7 @@ public:
             [this](const Request &request, const std::shared_ptr<Reply> &reply) { serve(request, reply); });
         QObject::connect(
             &m_library, &LibraryStore::gameEnded, &m_commands, [this] { endWhenIdle(); }, Qt::QueuedConnection);
+        QObject::connect(&m_library, &LibraryStore::launchingChanged, &m_commands, [this] { games(); });
     }
 
     /// What this process was started for. It ends when that is done and nothing else is going on.
@@ -139,11 +143,6 @@ private:
         m_controller.hidePointer = [this] {
             if (m_window) m_window->hidePointer();
         };
-        m_controller.onCancelLaunch = [this] {
-            const bool launching = m_library.launching().has_value();
-            m_library.cancelLaunch();
-            return launching;
-        };
     }
 
     void showWindow(const Command &command, Reply &reply)
@@ -164,9 +163,9 @@ private:
 
     bool buildWindow()
     {
-        m_window =
-            std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_emulators, m_preferences, m_translator,
-                                                      *m_clock, *m_tasks, *m_workspace, m_places, m_controller});
+        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_screenshots, m_emulators,
+                                                             m_preferences, m_translator, *m_clock, *m_tasks,
+                                                             *m_workspace, m_places, m_controller});
         if (!m_window->load()) {
             m_window.reset();
             return false;
@@ -180,10 +179,40 @@ private:
             [this] {
                 m_emulators.refresh();
                 m_gamepads->start();
+                games();
                 if (qEnvironmentVariableIsSet("VELKO_FIRST_FRAME")) write(stdout, u"first frame\n"_s);
             },
             Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
         return true;
+    }
+
+    GameSession &games()
+    {
+        if (m_games) return *m_games;
+        const VelkoFront front{
+            .show = [this] { bringForward(); },
+            .returnTo =
+                [this] {
+                    if (m_window && m_window->window()->isVisible()) bringForward();
+                },
+            .isActive = [] { return QGuiApplication::focusWindow() != nullptr; },
+            .isFullScreen = [this] { return m_window && m_window->window()->visibility() == QWindow::FullScreen; },
+            .panelIsShown = [this] { return m_games && m_games->panelIsShown(); },
+        };
+        const GameSessionParts parts{m_places,     *m_clock,    *m_tasks,  *m_workspace,  *m_processes, m_preferences,
+                                     m_translator, m_emulators, m_library, m_screenshots, m_controller};
+        m_games = std::make_unique<GameSession>(parts, front);
+        m_games->onChanged([this] { endWhenIdle(); });
+        return *m_games;
+    }
+
+    /// The main window, also over another program's.
+    void bringForward()
+    {
+        if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance())) return;
+        if (!m_window && !buildWindow()) return;
+        m_window->raise();
+        m_games->activate(m_window->window()->winId());
     }
 
     /// A closed window does not end the time of a game that runs.
@@ -193,8 +222,8 @@ private:
             &m_commands,
             [this] {
                 const bool windowShown = m_window && m_window->window() && m_window->window()->isVisible();
-                if (windowShown || m_commands.isBusy() || m_library.launching() || !m_library.running().isEmpty())
-                    return;
+                const bool playing = !m_library.running().isEmpty() || (m_games && m_games->isEnding());
+                if (windowShown || playing || m_commands.isBusy() || m_library.launching()) return;
                 QCoreApplication::exit(m_exitStatus);
             },
             Qt::QueuedConnection);
@@ -206,8 +235,7 @@ private:
         m_gamepads->start(); // they may be wanted for the first time: no window was opened
         for (const Pad &pad : m_gamepads->pads())
             session.controllers += pad.name;
-        session.displays =
-            qobject_cast<QGuiApplication *>(QCoreApplication::instance()) ? int(QGuiApplication::screens().size()) : 1;
+        session.displays = std::max(games().displays(), 1);
         session.wayland = m_places.waylandSession && qEnvironmentVariableIsSet("DISPLAY");
         return session;
     }
@@ -216,6 +244,7 @@ private:
     const std::unique_ptr<Clock> m_clock = makeClock();
     const std::unique_ptr<Workspace> m_workspace = makeWorkspace(m_places);
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
+    const std::unique_ptr<Trash> m_trash = makeTrash();
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
     const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
     const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes
@@ -227,9 +256,11 @@ private:
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
     BiosFiles m_bios;
+    ScreenshotStore m_screenshots{m_places, *m_tasks, *m_trash, m_library};
     CommandRunner m_commands;
     ControllerInput m_controller{*m_gamepads, *m_clock};
     std::unique_ptr<VelkoWindow> m_window;
+    std::unique_ptr<GameSession> m_games; ///< from the first frame, or the first game, on
     int m_exitStatus = 0;
 };
 
