@@ -38,9 +38,12 @@ public:
     GameSession(const GameSessionParts &parts, VelkoFront front);
     ~GameSession();
 
-    void
-    activate(unsigned long long window); ///< one of our own, in front of the others whatever program has the keyboard
+    int displays() const; ///< how many are connected
+    bool isEnding() const; ///< a game is being ended still, though it no longer counts as running
+    void onChanged(std::function<void()> changed); ///< of `isEnding`
     bool panelIsShown() const; ///< the menu over the game, as the desktop says
+    /// One of our own windows, in front of the others whatever program has the keyboard.
+    void activate(unsigned long long window);
 
 private:
     struct Content;
