@@ -85,14 +85,17 @@ GameSession::Content::Content(const GameSessionParts &given, VelkoFront front)
         surfaces = std::make_unique<OverlayWindows>(OverlayWindowParts{guide, given.library, *windows, given.clock,
                                                                        given.tasks, given.translator, given.places});
     connectGames();
-    grabHotKey();
     if (surfaces && qEnvironmentVariableIsSet("VELKO_OVERLAY_TIMES")) tellTimes();
 }
 
 void GameSession::Content::connectGames()
 {
     QObject::connect(&parts.library, &LibraryStore::gameStarted, &guide,
-                     [this](const QString &gameID, const StartedGame &program) { begin(gameID, program); });
+                     [this](const QString &gameID, const StartedGame &program) {
+                         begin(gameID, program);
+                         grabHotKey();
+                     });
+    QObject::connect(hotKey.get(), &HotKey::pressed, &guide, &GuideOverlay::hotKey);
     QObject::connect(&supervisor, &GameSupervisor::placed, &guide, [this] {
         if (supervisor.game()) states.continueFromState(*supervisor.game());
     });
@@ -109,9 +112,9 @@ void GameSession::Content::begin(const QString &gameID, const StartedGame &progr
     guide.begin(running);
 }
 
+/// Until there is a game, the key belongs to other programs.
 void GameSession::Content::grabHotKey()
 {
-    QObject::connect(hotKey.get(), &HotKey::pressed, &guide, &GuideOverlay::hotKey);
     const auto grabbed = hotKey->grab({Qt::Key_Escape, Qt::ControlModifier});
     if (!grabbed) qWarning("%s", qPrintable(parts.translator.message(grabbed.failure())));
 }

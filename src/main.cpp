@@ -92,8 +92,6 @@ public:
     {
         m_state.setProperty("language", code(m_translator.language()));
         connectController();
-        // Without a window, controllers matter once there is a game; the start of it does not wait for them.
-        QObject::connect(&m_library, &LibraryStore::gameStarted, &m_controller, [this] { m_gamepads->start(); });
         QObject::connect(
             &channel, &RequestChannel::requested, &m_commands,
             [this](const Request &request, const std::shared_ptr<Reply> &reply) { serve(request, reply); });
