@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Desktop.h"
+#include "platform/XServer.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -9,11 +10,13 @@
 /// Everything that runs on it ends with it, also what a program under test has left behind.
 class VirtualDisplay {
 public:
-    VirtualDisplay();
+    explicit VirtualDisplay(XServer::Kind kind = XServer::Kind::oneOutput,
+                            const QString &windowManager = QStringLiteral("openbox"));
     ~VirtualDisplay();
 
     bool isReady() const { return m_desktop && m_desktop->hasWindowManager(); }
     Desktop &desktop() { return *m_desktop; }
+    const XServer &server() const { return m_server; }
     QString home() const { return m_folder.path() + QStringLiteral("/home"); }
     QProcessEnvironment environment() const; ///< for programs that run on it
     QList<qint64> programs() const; ///< what was started on it and still runs; its own services are left out
@@ -23,10 +26,11 @@ public:
     QByteArray read(const QString &name) const;
 
 private:
-    QByteArray start(QProcess &service, const QString &program, const QStringList &arguments);
+    void startBus();
 
     QTemporaryDir m_folder;
-    QProcess m_server, m_bus, m_windowManager;
-    QByteArray m_display, m_busAddress;
+    XServer m_server;
+    QProcess m_bus;
+    QByteArray m_busAddress;
     std::unique_ptr<Desktop> m_desktop;
 };

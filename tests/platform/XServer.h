@@ -15,6 +15,7 @@ public:
 
     bool isReady() const { return m_ready; }
     const QByteArray &display() const { return m_display; }
+    QList<qint64> processes() const { return {m_server.processId(), m_windowManager.processId()}; }
     QProcessEnvironment environment() const; ///< for programs on this display
     bool run(const QString &program, const QStringList &arguments) const; ///< and waits for its success
     bool manage(const QString &windowManager); ///< starts it, instead of the present one; waits until it manages
