@@ -155,8 +155,6 @@ public:
         m_state.setProperty("language", code(m_translator.language()));
         m_launcher.setPatches(&m_patches);
         connectController();
-        // Without a window, controllers matter once there is a game; the start of it does not wait for them.
-        QObject::connect(&m_library, &LibraryStore::gameStarted, &m_controller, [this] { m_gamepads->start(); });
         QObject::connect(
             &channel, &RequestChannel::requested, &m_commands,
             [this](const Request &request, const std::shared_ptr<Reply> &reply) { serve(request, reply); });
@@ -210,6 +208,14 @@ private:
         m_controller.onCancelLaunch = [this] {
             return (m_play || m_library.launching()) && play().supervisor.cancelLaunch();
         };
+        QObject::connect(m_hotKey.get(), &HotKey::pressed, &m_controller, [this] {
+            if (m_controller.onGuide) m_controller.onGuide();
+        });
+        // Until there is a game, the key belongs to other programs.
+        QObject::connect(&m_library, &LibraryStore::gameStarted, m_hotKey.get(), [this] {
+            const auto grabbed = m_hotKey->grab({Qt::Key_Escape, Qt::ControlModifier});
+            if (!grabbed) qWarning("%s", qPrintable(english(grabbed.failure())));
+        });
     }
 
     void showWindow(const Command &command, Reply &reply)
@@ -305,6 +311,7 @@ private:
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
     const std::unique_ptr<Http> m_http = makeHttp(*m_clock);
     const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
+    const std::unique_ptr<HotKey> m_hotKey = makeHotKey();
     const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes
     Preferences &m_preferences;
     Translator m_translator;

@@ -61,6 +61,7 @@ FocusScope {
         Pad.onTabPressed: by => root.app.stepTab(by)
         Pad.onMenuPressed: overlays.show("menu")
         Pages {
+            id: pages
             anchors.fill: parent
             anchors.topMargin: bar.height
             anchors.bottomMargin: root.barHeight
@@ -84,6 +85,7 @@ FocusScope {
             id: bar
             width: parent.width
             app: root.app
+            focusExit: pages
             controllerName: root.controller.controllerName
             onMenuWanted: overlays.show("menu")
             onBigPictureWanted: root.notices.show(Tr.translate("Big Picture is not in this version of Velko yet."), "info")
