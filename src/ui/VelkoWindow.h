@@ -9,6 +9,7 @@ class InstalledEmulators;
 class LibraryStore;
 class Preferences;
 class QQuickWindow;
+class ScreenshotStore;
 class Tasks;
 class Translator;
 class Workspace;
@@ -18,6 +19,7 @@ struct Places;
 struct WindowParts {
     AppState &app;
     LibraryStore &library;
+    ScreenshotStore &screenshots;
     InstalledEmulators &emulators;
     Preferences &preferences;
     Translator &translator;
