@@ -54,9 +54,13 @@ QStringList fullScreenArguments(const QString &emulatorID)
 QStringList windowArguments(const QString &emulatorID)
 {
     static const QHash<QString, QStringList> arguments{
-        {u"azahar"_s, {u"-w"_s}},           {u"shadps4"_s, {u"-f"_s, u"false"_s}},
-        {u"pcsx2"_s, {u"-nofullscreen"_s}}, {u"duckstation"_s, {u"-nofullscreen"_s}},
-        {u"ppsspp"_s, {u"--windowed"_s}},   {u"dolphin"_s, {u"-C"_s, u"Dolphin.Display.Fullscreen=False"_s}},
+        {u"mgba"_s, {u"-C"_s, u"fullscreen=0"_s}},
+        {u"azahar"_s, {u"-w"_s}},
+        {u"shadps4"_s, {u"-f"_s, u"false"_s}},
+        {u"pcsx2"_s, {u"-nofullscreen"_s}},
+        {u"duckstation"_s, {u"-nofullscreen"_s}},
+        {u"ppsspp"_s, {u"--windowed"_s}},
+        {u"dolphin"_s, {u"-C"_s, u"Dolphin.Display.Fullscreen=False"_s}},
     };
     return arguments.value(emulatorID);
 }

@@ -135,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(
     Rows, LinuxArguments,
     testing::Values(
         ArgumentRow{"mgba", "", "-f PATH"}, ArgumentRow{"mgba", "state", "-f -t STATE PATH"},
-        ArgumentRow{"mgba", "slot+two", "-f -t SLOT PATH"}, ArgumentRow{"mgba", "window", "PATH"},
+        ArgumentRow{"mgba", "slot+two", "-f -t SLOT PATH"}, ArgumentRow{"mgba", "window", "-C fullscreen=0 PATH"},
         ArgumentRow{"mgba", "fps", "-f -C showFps=1 PATH"},
         ArgumentRow{"duckstation", "two", "-fullscreen -batch -- PATH"},
         ArgumentRow{"duckstation", "state", "-fullscreen -statefile STATE -batch -- PATH"},
