@@ -191,6 +191,9 @@ bool readValue(const QByteArray &text, YamlEntry &entry, qsizetype lineEnd, qsiz
         } else if (first == '"' || first == '\'') {
             if (!walker.quoted()) return false;
             entry.valueEnd = walker.position;
+            while (walker.current() == ' ')
+                ++walker.position;
+            if (!walker.atEnd() && !QByteArrayView("#\r\n").contains(walker.current())) return false;
         } else {
             for (; walker.position < lineEnd; ++walker.position) {
                 if (walker.current() == '#' && isBlank(text[walker.position - 1])) break;

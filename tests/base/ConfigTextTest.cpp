@@ -175,8 +175,10 @@ INSTANTIATE_TEST_SUITE_P(
         EditRow{"scalarInTheWay", "V: 1\n", "V>K", "3", "?"}, EditRow{"aliasInTheWay", "V: *a\n", "V>K", "3", "?"},
         EditRow{"sequenceInTheWay", "V:\n  - K: 1\n", "V>K", "3", "?"},
         EditRow{"mappingAsValue", "V:\n  K:\n    x: 1\n", "V>K", "3", "?"},
-        EditRow{"topIsASequence", "- V: 1\n", "V>K", "3", "?"}, EditRow{"openBrace", "V: {K: 1\n", "V>K", "3", "?"},
-        EditRow{"tabs", "V:\n\tK: 1\n", "V>K", "3", "?"}, EditRow{"noYaml", "hello\n", "V>K", "3", "?"}),
+        EditRow{"topIsASequence", "- V: 1\n", "V>K", "3", "?"},
+        EditRow{"textBehindQuotes", "V:\n  K: 'a': b\n", "V>K", "3", "?"},
+        EditRow{"openBrace", "V: {K: 1\n", "V>K", "3", "?"}, EditRow{"tabs", "V:\n\tK: 1\n", "V>K", "3", "?"},
+        EditRow{"noYaml", "hello\n", "V>K", "3", "?"}),
     nameOf);
 
 class XmlEdit : public testing::TestWithParam<EditRow> { };
