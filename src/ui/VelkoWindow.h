@@ -5,10 +5,12 @@
 class AppState;
 class Clock;
 class ControllerInput;
+class FramePatches;
 class InstalledEmulators;
 class LibraryStore;
 class Preferences;
 class QQuickWindow;
+class ScreenshotStore;
 class Tasks;
 class Translator;
 class Workspace;
@@ -18,6 +20,7 @@ struct Places;
 struct WindowParts {
     AppState &app;
     LibraryStore &library;
+    ScreenshotStore &screenshots;
     InstalledEmulators &emulators;
     Preferences &preferences;
     Translator &translator;
@@ -26,6 +29,7 @@ struct WindowParts {
     Workspace &workspace;
     const Places &places;
     ControllerInput &controller; ///< its ordinary events go to this window
+    FramePatches *patches = nullptr; ///< absent: nothing is said about 60 FPS patches
 };
 
 /// The main window.

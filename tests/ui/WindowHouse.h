@@ -1,8 +1,10 @@
 #pragma once
 
 #include "fakes/FakeGamepads.h"
+#include "fakes/FakeTrash.h"
 #include "platform/linux/LinuxServices.h"
 #include "play/ControllerInput.h"
+#include "play/ScreenshotStore.h"
 #include "ui/ListHouse.h"
 #include "ui/VelkoWindow.h"
 
@@ -20,6 +22,8 @@ inline void keepWarning(QtMsgType type, const QMessageLogContext &, const QStrin
 /// The real window, offscreen, with a few games. Pictures are made in the background, as always.
 struct WindowHouse : ListHouse {
     std::unique_ptr<Tasks> background = makeTasks();
+    FakeTrash trash;
+    ScreenshotStore screenshots{places, *background, trash, *store};
     FakeGamepads pads;
     ControllerInput controller{pads, clock};
     std::unique_ptr<VelkoWindow> velko;
@@ -37,8 +41,9 @@ struct WindowHouse : ListHouse {
         }
         emulators.refresh();
         controller.isActive = [] { return true; };
-        velko = std::make_unique<VelkoWindow>(WindowParts{state, *store, emulators, preferences, translator, clock,
-                                                          *background, workspace, places, controller});
+        velko =
+            std::make_unique<VelkoWindow>(WindowParts{state, *store, screenshots, emulators, preferences, translator,
+                                                      clock, *background, workspace, places, controller});
     }
     ~WindowHouse()
     {

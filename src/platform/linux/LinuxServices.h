@@ -4,6 +4,7 @@
 #include "platform/FileIndex.h"
 #include "platform/Gamepads.h"
 #include "platform/HotKey.h"
+#include "platform/Http.h"
 #include "platform/Keys.h"
 #include "platform/LocalSockets.h"
 #include "platform/Places.h"
@@ -64,3 +65,6 @@ std::unique_ptr<ScreenCapture> makeScreenCapture(const QByteArray &display = {})
 /// Through SDL, without its video and its signal handlers. Costs nothing while no controller is connected or none is
 /// touched. The clock outlives it.
 std::unique_ptr<Gamepads> makeGamepads(Clock &clock, const QString &deviceFolder = QStringLiteral("/dev/input"));
+
+/// Opens nothing before the first request. Needs a running event loop. The clock outlives it.
+std::unique_ptr<Http> makeHttp(Clock &clock);

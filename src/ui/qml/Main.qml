@@ -18,6 +18,8 @@ FocusScope {
     required property LibraryAlerts alerts
     required property Notices notices
     required property FolderList folders
+    required property ProfileFacts profile
+    required property ScreenshotGallery gallery
     readonly property bool modal: overlays.busy
     readonly property int barHeight: hintBar.active ? 56 : 0
 
@@ -35,6 +37,8 @@ FocusScope {
     Binding { target: root.openGame; property: "gameID"; value: root.app.detailGame }
     Binding { target: root.gameEmulator; property: "emulatorID"; value: root.openGame.options.engine }
     Binding { target: root.home; property: "active"; value: root.app.tab === "home" }
+    Binding { target: root.profile; property: "active"; value: root.app.tab === "profile" }
+    Binding { target: root.gallery; property: "active"; value: root.app.tab === "profile" }
 
     Rectangle {
         anchors.fill: parent
@@ -57,6 +61,7 @@ FocusScope {
         Pad.onTabPressed: by => root.app.stepTab(by)
         Pad.onMenuPressed: overlays.show("menu")
         Pages {
+            id: pages
             anchors.fill: parent
             anchors.topMargin: bar.height
             anchors.bottomMargin: root.barHeight
@@ -69,6 +74,8 @@ FocusScope {
             openGame: root.openGame
             gameEmulator: root.gameEmulator
             alerts: root.alerts
+            profile: root.profile
+            gallery: root.gallery
             onFolderWanted: overlays.show("folder")
             onEmulatorWanted: emulatorID => overlays.showEmulator(emulatorID)
             onRemovalWanted: overlays.show("remove")
@@ -78,6 +85,7 @@ FocusScope {
             id: bar
             width: parent.width
             app: root.app
+            focusExit: pages
             controllerName: root.controller.controllerName
             onMenuWanted: overlays.show("menu")
             onBigPictureWanted: root.notices.show(Tr.translate("Big Picture is not in this version of Velko yet."), "info")
@@ -103,6 +111,7 @@ FocusScope {
         alerts: root.alerts
         notices: root.notices
         folders: root.folders
+        gallery: root.gallery
     }
     Loader {
         id: hintBar

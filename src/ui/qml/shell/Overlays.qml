@@ -12,9 +12,11 @@ FocusScope {
     required property LibraryAlerts alerts
     required property Notices notices
     required property FolderList folders
+    required property ScreenshotGallery gallery
     property string wanted ///< by the user: "menu", "about", "folder", "remove", "rename", "emulator"; empty: none
     readonly property string shown: alerts.missingText !== "" ? "missing" : alerts.setupText !== "" ? "setup"
-        : alerts.errorText !== "" ? "error" : app.report ? "report" : wanted
+        : alerts.errorText !== "" ? "error" : app.report ? "report" : wanted !== "" ? wanted
+        : gallery.viewing || gallery.asking ? "shots" : ""
     readonly property bool busy: shown !== ""
 
     function show(name) { root.wanted = name }
@@ -30,7 +32,7 @@ FocusScope {
         sourceComponent: root.shown === "missing" ? missing : root.shown === "setup" ? setup : root.shown === "error" ? error
             : root.shown === "report" ? report : root.shown === "menu" ? menu : root.shown === "about" ? about
             : root.shown === "folder" ? folder : root.shown === "remove" ? remove : root.shown === "rename" ? rename
-            : root.shown === "emulator" ? emulatorSheet : null
+            : root.shown === "emulator" ? emulatorSheet : root.shown === "shots" ? shots : null
         onLoaded: (item as Item).forceActiveFocus()
     }
     Component {
@@ -135,6 +137,10 @@ FocusScope {
             keeper: root.keeper
             onClosed: root.wanted = ""
         }
+    }
+    Component {
+        id: shots
+        ShotSurface { gallery: root.gallery }
     }
     Component {
         id: rename
