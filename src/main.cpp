@@ -81,26 +81,6 @@ int askOwner(RequestChannel &channel, const QStringList &arguments)
     return QCoreApplication::exec();
 }
 
-/// Until other programs' menus can be reached: nothing is found, and nothing pressed.
-struct NoAccessibility final : Accessibility {
-    Tasks &tasks;
-
-    explicit NoAccessibility(Tasks &background) : tasks(background) { }
-    bool isAvailable() const override { return false; }
-    void windows(const QList<qint64> &, std::function<void(QList<AccessibleWindow>)> done) override
-    {
-        tasks.post([done = std::move(done)] { done({}); });
-    }
-    void menu(const QList<qint64> &, const QStringList &, std::function<void(QList<MenuEntry>)> done) override
-    {
-        tasks.post([done = std::move(done)] { done({}); });
-    }
-    void press(const MenuEntry &, std::function<void(bool)> done) override
-    {
-        tasks.post([done = std::move(done)] { done(false); });
-    }
-};
-
 /// Who watches over a running game, and through what. Made when a game or a window first needs it: other commands have
 /// no business with the display.
 struct Play {
@@ -119,7 +99,7 @@ struct Play {
     Play(const Places &places, Clock &clock, Tasks &tasks, ProcessControl &processes, LibraryStore &library,
          const Workspace &workspace, const Preferences &preferences, const InstalledEmulators &emulators,
          ScreenshotStore &pictures)
-        : accessibility(std::make_unique<NoAccessibility>(tasks)),
+        : accessibility(makeAccessibility(tasks)),
           log(places, clock, tasks), reach{places.host, clock, *windows, *accessibility, *keys, processes, log},
           freezer(reach, library), supervisor(reach, library, workspace, preferences),
           states({places, clock, tasks, *windows, *keys, *accessibility, processes, *sockets}, library, emulators),
