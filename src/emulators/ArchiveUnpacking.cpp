@@ -65,3 +65,25 @@ std::optional<QStringList> unpackArchive(const QString &archivePath, const QStri
         unpacked += path;
     }
 }
+
+std::optional<QByteArray> fileInDisc(const QString &image, const QString &path, qint64 largest)
+{
+    constexpr int mostLookedAt = 50'000;
+    const Archive disc(archive_read_new(), &archive_read_free);
+    archive_read_support_format_iso9660(disc.get());
+    if (archive_read_open_filename(disc.get(), QFile::encodeName(image).constData(), 64 * 1024) != ARCHIVE_OK)
+        return {};
+    archive_entry *entry = nullptr;
+    for (int count = 0; count < mostLookedAt; ++count) {
+        const int result = archive_read_next_header(disc.get(), &entry);
+        if (result == ARCHIVE_EOF || result < ARCHIVE_WARN) return {};
+        const char *name = archive_entry_pathname_utf8(entry);
+        if (path.compare(QString::fromUtf8(name ? name : ""), Qt::CaseInsensitive) != 0) continue;
+        const qint64 size = archive_entry_size(entry);
+        if (archive_entry_filetype(entry) != AE_IFREG || size < 0 || size > largest) return {};
+        QByteArray content(size, '\0');
+        return archive_read_data(disc.get(), content.data(), size_t(size)) == size ? std::optional(content)
+                                                                                   : std::nullopt;
+    }
+    return {};
+}

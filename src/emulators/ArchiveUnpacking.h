@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -18,3 +19,7 @@ struct UnpackLimits {
 std::optional<QStringList> unpackArchive(const QString &archive, const QString &folder,
                                          const std::function<bool(const QString &path)> &wanted,
                                          const UnpackLimits &limits = {});
+
+/// One file of a disc image (ISO 9660), by its path in any case. Nothing when it is not there or is larger than
+/// `largest`. Blocks.
+std::optional<QByteArray> fileInDisc(const QString &image, const QString &path, qint64 largest);

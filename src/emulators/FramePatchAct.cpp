@@ -69,17 +69,24 @@ std::optional<Message> switchPs3(const QString &file, const QList<PS3PatchUse> &
     return writeNew(file, edit({}).value_or(QByteArray())) ? std::nullopt : std::optional(notWritten(file));
 }
 
+bool listIsThere(const FramePatchGame &game, const Places &places)
+{
+    return QFileInfo::exists(game.emulatorID == "rpcs3"_L1 ? ps3ListFile(game.folders)
+                                                           : ps4CacheFolder(places) + u"/index.json"_s);
+}
+
 FramePatchOutcome applyPs3(const FramePatchGame &game, bool on, const Places &places)
 {
-    const QList<PS3PatchUse> uses = ps3Uses(game, places);
     const QString file = switchFile(game, places.host);
     const QByteArray config = contentOf(file);
+    if (!on && !config.contains("true")) return {};
+    const QList<PS3PatchUse> uses = ps3Uses(game, places);
     QList<PS3PatchUse> switchedOn;
     for (const PS3PatchUse &use : uses) {
         if (ps3PatchSwitch(config, use).value_or(false)) switchedOn += use;
     }
     if (!on) return {{}, switchedOn.isEmpty() ? std::nullopt : switchPs3(file, switchedOn, false, places.host)};
-    if (uses.isEmpty()) return {{}, noPs3Patch};
+    if (uses.isEmpty()) return {{}, listIsThere(game, places) ? noPs3Patch : patchListMissing(game.emulatorID)};
     // One that the user has chosen among several stays the one.
     const PS3PatchUse chosen = switchedOn.isEmpty() ? uses.first() : switchedOn.first();
     const auto trouble = switchedOn.isEmpty() ? switchPs3(file, {chosen}, true, places.host) : std::nullopt;
@@ -118,9 +125,18 @@ FramePatchOutcome applyPs4(const FramePatchGame &game, bool on, const Places &pl
             offerPs4(file, identity->version, on && fits, game.folders.data + u"/patches/VelkoEmu"_s, places);
         if (trouble) outcome.shortcoming = trouble;
     }
-    if (on && !found) outcome.shortcoming = noPs4Patch(identity->version);
+    if (on && !found)
+        outcome.shortcoming =
+            listIsThere(game, places) ? noPs4Patch(identity->version) : patchListMissing(game.emulatorID);
     return outcome;
 }
+}
+
+Message patchListMissing(const QString &emulatorID)
+{
+    return emulatorID == "rpcs3"_L1
+        ? Message{u"Couldn't download RPCS3's patch list. Check your Internet connection."_s, {}}
+        : Message{u"Couldn't download the PS4 patch list. Check your Internet connection."_s, {}};
 }
 
 FramePatchSearch findFramePatch(const FramePatchGame &game, const Places &places)

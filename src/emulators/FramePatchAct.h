@@ -13,6 +13,9 @@ struct FramePatchGame {
     EmulatorFolders folders; ///< of the copy that plays it
 };
 
+/// Said when there is no list at all.
+Message patchListMissing(const QString &emulatorID);
+
 /// Whether the lists on this machine have a patch for the game. Reads files, as does the next.
 struct FramePatchSearch {
     QString name; ///< of the patch; empty: none

@@ -18,13 +18,6 @@ static constexpr qint64 largestArchive = 256 * 1024 * 1024;
 static constexpr auto launchWaits = 8s;
 static const QString repository = u"/illusion0001/PS4-PS5-Game-Patch"_s;
 
-static Message notDownloaded(const QString &consoleID)
-{
-    return consoleID == "ps3"_L1
-        ? Message{u"Couldn't download RPCS3's patch list. Check your Internet connection."_s, {}}
-        : Message{u"Couldn't download the PS4 patch list. Check your Internet connection."_s, {}};
-}
-
 static QString emulatorOf(const QString &consoleID)
 {
     return consoleID == "ps3"_L1 ? u"rpcs3"_s : u"shadps4"_s;
@@ -55,6 +48,7 @@ EmulatorFolders FramePatches::foldersFor(const QString &consoleID) const
 {
     InstalledEmulator usual;
     usual.emulatorID = emulatorOf(consoleID);
+    usual.path = u"/usr/bin/"_s + usual.emulatorID;
     return emulatorFolders(m_emulators.forConsole(consoleID).value_or(usual), m_places);
 }
 
@@ -113,7 +107,7 @@ void FramePatches::search(const QString &gameID, int token, bool mayFetch, bool 
             m_looks.remove(gameID);
             if (!found.patch.name.isEmpty()) return setState(gameID, {Phase::available, -1, found.patch.name, {}});
             if (fetchFailed && !found.list.present)
-                return setState(gameID, {Phase::failed, -1, {}, notDownloaded(consoleOf(game))});
+                return setState(gameID, {Phase::failed, -1, {}, patchListMissing(game.emulatorID)});
             setState(gameID, {Phase::none, -1, {}, found.patch.why});
         });
 }

@@ -1,5 +1,6 @@
 #include "emulators/GameIdentity.h"
 
+#include "emulators/ArchiveUnpacking.h"
 #include "emulators/LaunchChecks.h"
 #include "emulators/ParamSfo.h"
 
@@ -8,14 +9,20 @@
 
 using namespace Qt::StringLiterals;
 
+static constexpr qint64 largestSfo = 1024 * 1024;
+
+static std::optional<GameIdentity> identityOf(const QByteArray &sfo)
+{
+    const auto serial = sfoText(sfo, "TITLE_ID");
+    if (!serial) return {};
+    return GameIdentity{*serial, sfoText(sfo, "APP_VER").value_or(QString())};
+}
+
 static std::optional<GameIdentity> identityIn(const QString &sfoFile)
 {
     QFile file(sfoFile);
     if (!QFileInfo(sfoFile).isFile() || !file.open(QFile::ReadOnly)) return {};
-    const QByteArray sfo = file.read(1024 * 1024);
-    const auto serial = sfoText(sfo, "TITLE_ID");
-    if (!serial) return {};
-    return GameIdentity{*serial, sfoText(sfo, "APP_VER").value_or(QString())};
+    return identityOf(file.read(largestSfo));
 }
 
 /// A serial becomes part of a path.
@@ -29,9 +36,14 @@ static bool isSerial(const QString &text)
 std::optional<GameIdentity> ps3Identity(const QString &gamePath, const QString &installedGames)
 {
     QString folder = QFileInfo(gamePath).isDir() ? gamePath : QFileInfo(gamePath).path();
-    std::optional<GameIdentity> identity = identityIn(folder + u"/PS3_GAME/PARAM.SFO"_s);
+    const bool disc = gamePath.endsWith(".iso"_L1, Qt::CaseInsensitive);
+    std::optional<GameIdentity> identity;
+    if (disc)
+        identity = identityOf(fileInDisc(gamePath, u"PS3_GAME/PARAM.SFO"_s, largestSfo).value_or(QByteArray()));
+    else
+        identity = identityIn(folder + u"/PS3_GAME/PARAM.SFO"_s);
     // The program lies in USRDIR, beside which is PARAM.SFO.
-    for (int level = 0; level < 3 && !identity; ++level) {
+    for (int level = 0; level < 3 && !identity && !disc; ++level) {
         identity = identityIn(folder + u"/PARAM.SFO"_s);
         folder = QFileInfo(folder).path();
     }

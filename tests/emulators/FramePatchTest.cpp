@@ -287,6 +287,8 @@ TEST_F(FramePatchOfAGame, onThePlayStation3)
 {
     const FramePatchGame game = ps3();
     EXPECT_EQ(english(findFramePatch(game, places).why), u"No 60 FPS patch for this game yet."_s);
+    EXPECT_EQ(english(applyFramePatch(game, true, places).shortcoming.value_or(Message{})),
+              u"Couldn't download RPCS3's patch list. Check your Internet connection."_s);
     EXPECT_EQ(ps3ListState(game.folders, places, now), PatchListState{});
     for (const QByteArray &answer : {QByteArray("[]"), QByteArray("{"), list(-1, patchList), list(-2, ""), list(0, ""),
                                      list(1, ""), list(0, "H: ["), QByteArray("{\"return_code\":\"0\"}")})
@@ -347,4 +349,23 @@ TEST_F(FramePatchOfAGame, onThePlayStation4)
     EXPECT_EQ(home.read(folder + u"/A-Orbis.xml"_s).count("isEnabled=\"true\""), 0);
     game.path = home.write(u"elsewhere/eboot.bin"_s);
     EXPECT_EQ(english(findFramePatch(game, places).why), u"Velko can't read this game's serial (sce_sys/param.sfo)."_s);
+}
+
+TEST_F(FramePatchOfAGame, isFoundInADiscImage)
+{
+    const QByteArray sfo = sfoFile({{"APP_VER", "01.02"}, {"TITLE_ID", "BLES00932"}});
+    const QByteArray disc =
+        packed({{"PS3_GAME/", ""}, {"PS3_GAME/PARAM.SFO", sfo}, {"PS3_GAME/USRDIR", "x"}}, Packing::disc);
+    const QString image = home.write(u"game.iso"_s, disc);
+    EXPECT_EQ(ps3Identity(image, {}), (GameIdentity{u"BLES00932"_s, u"01.02"_s}));
+    for (const qsizetype size : {qsizetype(0), qsizetype(100), qsizetype(34'000), disc.size() / 2})
+        (void)ps3Identity(home.write(u"game.iso"_s, disc.first(size)), {}); // whatever comes, it ends
+    EXPECT_EQ(fileInDisc(home.write(u"game.iso"_s, disc), u"ps3_game/param.sfo"_s, 10), std::nullopt);
+    EXPECT_EQ(ps3Identity(home.write(u"game.iso"_s, QByteArray(100'000, 'x')), {}), std::nullopt);
+}
+
+TEST_F(FramePatchOfAGame, hasASerialThatIsSafeInAPath)
+{
+    home.write(u"g/PS3_GAME/PARAM.SFO"_s, sfoFile({{"TITLE_ID", "../../etc"}}));
+    EXPECT_EQ(ps3Identity(home.write(u"g/PS3_GAME/USRDIR/EBOOT.BIN"_s), home.path()), std::nullopt);
 }

@@ -11,12 +11,17 @@ struct ZipEntry {
     bool link = false;
 };
 
-inline QByteArray zipOf(const QList<ZipEntry> &entries)
+enum class Packing { zip, disc };
+
+inline QByteArray packed(const QList<ZipEntry> &entries, Packing packing)
 {
     QByteArray bytes(4 * 1024 * 1024, '\0');
     size_t used = 0;
     archive *zip = archive_write_new();
-    archive_write_set_format_zip(zip);
+    if (packing == Packing::zip)
+        archive_write_set_format_zip(zip);
+    else
+        archive_write_set_format_iso9660(zip);
     archive_write_open_memory(zip, bytes.data(), size_t(bytes.size()), &used);
     for (const ZipEntry &each : entries) {
         archive_entry *entry = archive_entry_new();
@@ -33,4 +38,9 @@ inline QByteArray zipOf(const QList<ZipEntry> &entries)
     archive_write_close(zip);
     archive_write_free(zip);
     return bytes.first(qsizetype(used));
+}
+
+inline QByteArray zipOf(const QList<ZipEntry> &entries)
+{
+    return packed(entries, Packing::zip);
 }

@@ -63,6 +63,9 @@ TEST(PadWindow, saysWhatTheButtonsDoNow)
     house.press(PadButton::a);
     EXPECT_EQ(hints(house),
               "dpad Move with the D-pad, a Choose, y Remove from favorites, lt+rt Previous / next game, b Back");
+    house.store->setFavorite(house.state.property("detailGame").toString(), false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hints(house).find("y Favorite,") != std::string::npos; }))
+        << "also when something else changed it";
     house.press(PadButton::b);
     house.press(PadButton::menu);
     EXPECT_EQ(hints(house), "dpad Move with the D-pad, a Choose, b Close") << "what lies below has no buttons";
