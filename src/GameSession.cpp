@@ -21,28 +21,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-/// Until other programs' menus can be reached: nothing is found, and nothing pressed.
-struct NoAccessibility final : Accessibility {
-    Tasks &tasks;
-
-    explicit NoAccessibility(Tasks &background) : tasks(background) { }
-    bool isAvailable() const override { return false; }
-    void windows(const QList<qint64> &, std::function<void(QList<AccessibleWindow>)> done) override
-    {
-        tasks.post([done = std::move(done)] { done({}); });
-    }
-    void menu(const QList<qint64> &, const QStringList &, std::function<void(QList<MenuEntry>)> done) override
-    {
-        tasks.post([done = std::move(done)] { done({}); });
-    }
-    void press(const MenuEntry &, std::function<void(bool)> done) override
-    {
-        tasks.post([done = std::move(done)] { done(false); });
-    }
-};
-}
-
 struct GameSession::Content {
     Content(const GameSessionParts &given, VelkoFront front);
 
@@ -70,8 +48,7 @@ struct GameSession::Content {
 };
 
 GameSession::Content::Content(const GameSessionParts &given, VelkoFront front)
-    : parts(given), accessibility(std::make_unique<NoAccessibility>(given.tasks)),
-      log(given.places, given.clock, given.tasks),
+    : parts(given), accessibility(makeAccessibility(given.tasks)), log(given.places, given.clock, given.tasks),
       reach{given.places.host, given.clock, *windows, *accessibility, *keys, given.processes, log},
       freezer(reach, given.library), supervisor(reach, given.library, given.workspace, given.preferences),
       states({given.places, given.clock, given.tasks, *windows, *keys, *accessibility, given.processes, *sockets},

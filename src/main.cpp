@@ -11,6 +11,7 @@
 #include "emulators/EmulatorChanges.h"
 #include "emulators/EmulatorFinder.h"
 #include "emulators/EmulatorLauncher.h"
+#include "emulators/FramePatches.h"
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
@@ -84,6 +85,8 @@ public:
                        places.host),
           m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
           m_changes(places, *m_clock, *m_tasks, *m_processes),
+          m_patches(places, endpointsFrom(qEnvironmentVariable("VELKO_ENDPOINTS")), m_emulators, *m_http, *m_clock,
+                    *m_tasks),
           m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators, m_changes,
                      [this] { return session(); }),
           m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
@@ -91,6 +94,7 @@ public:
           m_commands(places, m_library, m_emulators.finder(), preferences, m_bios, *m_tasks, m_translator)
     {
         m_state.setProperty("language", code(m_translator.language()));
+        m_launcher.setPatches(&m_patches);
         connectController();
         QObject::connect(
             &channel, &RequestChannel::requested, &m_commands,
@@ -163,7 +167,7 @@ private:
     {
         m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_screenshots, m_emulators,
                                                              m_preferences, m_translator, *m_clock, *m_tasks,
-                                                             *m_workspace, m_places, m_controller});
+                                                             *m_workspace, m_places, m_controller, &m_patches});
         if (!m_window->load()) {
             m_window.reset();
             return false;
@@ -244,6 +248,7 @@ private:
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
     const std::unique_ptr<Trash> m_trash = makeTrash();
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
+    const std::unique_ptr<Http> m_http = makeHttp(*m_clock);
     const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
     const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes
     Preferences &m_preferences;
@@ -251,6 +256,7 @@ private:
     AppState m_state;
     InstalledEmulators m_emulators;
     EmulatorChanges m_changes;
+    FramePatches m_patches;
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
     BiosFiles m_bios;

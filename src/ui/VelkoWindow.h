@@ -5,6 +5,7 @@
 class AppState;
 class Clock;
 class ControllerInput;
+class FramePatches;
 class InstalledEmulators;
 class LibraryStore;
 class Preferences;
@@ -28,6 +29,7 @@ struct WindowParts {
     Workspace &workspace;
     const Places &places;
     ControllerInput &controller; ///< its ordinary events go to this window
+    FramePatches *patches = nullptr; ///< absent: nothing is said about 60 FPS patches
 };
 
 /// The main window.

@@ -164,7 +164,7 @@ TEST_F(CouchDolphin, itsQuestionIsLeftToTheUser)
     ASSERT_TRUE(waitFor(10s, asks)) << log().constData();
     EXPECT_FALSE(waitFor(6s, [this] { return game().isEmpty(); })) << "ended by force while it asked";
     ASSERT_TRUE(asks());
-    display.server().run(u"xdotool"_s, {u"key"_s, u"Return"_s});
+    display.run(u"xdotool"_s, {u"key"_s, u"Return"_s});
     EXPECT_TRUE(waitFor(10s, [this] { return game().isEmpty(); })) << log().constData();
     EXPECT_TRUE(velko->ends(30s));
 }
@@ -187,7 +187,7 @@ TEST_P(CouchWithTwoDisplays, playsOnTheChosenOneUntilItIsGone)
     ASSERT_TRUE(waitFor(20s, [this] { return log().contains("look 1: placed"); })) << log().constData();
     ASSERT_TRUE(openMenu()) << log().constData();
 
-    ASSERT_TRUE(display.server().run(u"xrandr"_s, {u"--output"_s, u"DUMMY1"_s, u"--off"_s}));
+    ASSERT_TRUE(display.run(u"xrandr"_s, {u"--output"_s, u"DUMMY1"_s, u"--off"_s}));
     screen = {0, 0, 1920, 1080};
     pad->press("B");
     EXPECT_TRUE(waitFor(5s, [this] { return !gameStandsStill(); }));

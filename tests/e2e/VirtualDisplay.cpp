@@ -12,7 +12,7 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-VirtualDisplay::VirtualDisplay(XServer::Kind kind, const QString &windowManager) : m_server(kind, windowManager)
+VirtualDisplay::VirtualDisplay(XServer::Kind kind, const QString &windowManager) : m_server(kind, QString())
 {
     adoptOrphans();
     QDir().mkpath(home());
@@ -20,6 +20,7 @@ VirtualDisplay::VirtualDisplay(XServer::Kind kind, const QString &windowManager)
     QFile::setPermissions(m_folder.filePath(u"run"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     if (!m_server.isReady()) return;
     startBus();
+    if (!m_server.manage(windowManager, environment())) return; // some window managers ask for their settings on the bus
     m_desktop = std::make_unique<Desktop>(m_server.display());
 }
 
@@ -44,6 +45,11 @@ void VirtualDisplay::startBus()
     m_bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address=1"_s});
     waitFor(20s, [this] { return m_bus.canReadLine() || m_bus.state() == QProcess::NotRunning; });
     m_busAddress = m_bus.readLine().trimmed();
+}
+
+bool VirtualDisplay::run(const QString &program, const QStringList &arguments) const
+{
+    return m_server.run(program, arguments);
 }
 
 QProcessEnvironment VirtualDisplay::environment() const

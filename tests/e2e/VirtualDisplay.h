@@ -16,10 +16,12 @@ public:
 
     bool isReady() const { return m_desktop && m_desktop->hasWindowManager(); }
     Desktop &desktop() { return *m_desktop; }
-    const XServer &server() const { return m_server; }
+    QByteArray name() const { return m_server.display(); } ///< ":5"
     QString home() const { return m_folder.path() + QStringLiteral("/home"); }
     QProcessEnvironment environment() const; ///< for programs that run on it
     QList<qint64> programs() const; ///< what was started on it and still runs; its own services are left out
+
+    bool run(const QString &program, const QStringList &arguments) const; ///< and waits for its success
 
     /// Writes a file below the home, with its folders; answers its absolute path.
     QString write(const QString &name, const QByteArray &content, bool executable = false) const;

@@ -5,15 +5,17 @@ import Velko
 Sheet {
     id: root
     required property FolderList folders
+    /// Back leads up to where the choice began, and from there out of it.
+    readonly property bool inside: folders.parentFolder !== "" && folders.folder !== folders.places[0]?.path
     signal chosen(string path)
 
     title: Tr.translate("Add a folder of games")
     panelWidth: 920
     panelHeight: 660
     Component.onCompleted: root.folders.open("")
-    Pad.back: root.folders.parentFolder !== "" ? Tr.translate("Up one folder") : Tr.translate("Close")
+    Pad.back: root.inside ? Tr.translate("Up one folder") : Tr.translate("Close")
     Keys.onBackPressed: event => {
-        event.accepted = root.folders.parentFolder !== ""
+        event.accepted = root.inside
         if (event.accepted) root.folders.open(root.folders.parentFolder)
     }
 
