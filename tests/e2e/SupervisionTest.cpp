@@ -63,7 +63,7 @@ TEST_P(TwoDisplays, theGameFillsTheOneThatTheUserChose)
     EXPECT_EQ(play.status(), 0) << play.errors().constData();
 }
 
-INSTANTIATE_TEST_SUITE_P(Managers, TwoDisplays, testing::Values("openbox", "xfwm4"),
+INSTANTIATE_TEST_SUITE_P(Managers, TwoDisplays, testing::Values("openbox"),
                          [](const auto &manager) { return manager.param; });
 
 // Quitting
