@@ -5,6 +5,7 @@ import Velko
 Item {
     id: root
     property var hints: [] ///< a list of { glyphs: [name], text }, at most five
+    readonly property bool narrow: width < 900 ///< the D-pad goes without its text
 
     implicitHeight: 56
     Rectangle {
@@ -21,9 +22,9 @@ Item {
         }
     }
     Row {
-        x: 40
+        x: root.narrow ? 24 : 40
         height: parent.height
-        spacing: 30
+        spacing: root.narrow ? 18 : 30
         Repeater {
             model: root.hints
             Row {
@@ -40,6 +41,7 @@ Item {
                     }
                 }
                 Label {
+                    visible: !root.narrow || hint.modelData.glyphs[0] !== "dpad"
                     anchors.verticalCenter: parent.verticalCenter
                     text: hint.modelData.text
                     font.weight: 500
