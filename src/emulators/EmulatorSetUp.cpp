@@ -49,11 +49,8 @@ QList<Batch> batchesOf(const SetUpOrder &order, const ProcessControl &processes)
         batchOf(batches, settings).backUp = BackUp::once;
     }
     add(batches, settings);
-    FileEdits rate;
     if (wish.emulatorID == QLatin1String("rpcs3") && order.vblankRate)
-        rate = vblankRateEdits(wish.folders, *order.vblankRate);
-    add(batches, rate);
-    add(batches, {wish.gameFile, settings.format, settings.edits + rate.edits});
+        add(batches, vblankRateEdits(wish.folders, *order.vblankRate));
     for (const FileEdits &quiet : quietNow(order, processes)) {
         add(batches, quiet);
         batchOf(batches, quiet).backUp = BackUp::once;

@@ -13,7 +13,6 @@ struct SettingsWish {
     QString gamePath;
     GameSettings settings;
     QualityPreset quality = QualityPreset::medium; ///< the game's own, else the user's default
-    QString gameFile; ///< RPCS3: settings that the user made for this game, which hold in place of the general ones
 };
 
 /// The edits that bring a game's settings into effect, as far as they do not go on the command line. A frame counter or

@@ -3,7 +3,6 @@
 #include "emulators/CommandChannel.h"
 #include "emulators/ControllerMapping.h"
 #include "emulators/FramePatchAct.h"
-#include "emulators/GameIdentity.h"
 #include "emulators/LaunchArguments.h"
 #include "emulators/OpenEmuLibrary.h"
 #include "emulators/SessionLog.h"
@@ -60,33 +59,17 @@ static QString socketFor(const InstalledEmulator &xemu, const QString &gamePath,
     return socket;
 }
 
-/// The settings that the user made in RPCS3 for this game alone; empty: none.
-static QString rpcs3GameFile(const SettingsWish &wish)
-{
-    const QString folder = wish.folders.config + u"/custom_configs"_s;
-    if (!QFileInfo(folder).isDir()) return {};
-    const auto identity = ps3Identity(wish.gamePath, wish.folders.config + u"/dev_hdd0/game"_s);
-    const QString file = identity ? folder + u"/config_"_s + identity->serial + u".yml"_s : QString();
-    return QFileInfo(file).isFile() ? file : QString();
-}
-
 static SetUpOrder orderOf(const InstalledEmulator &emulator, const LaunchInput &input, const Places &places)
 {
     const LaunchRequest &request = input.request;
     SetUpOrder order;
-    SettingsWish &wish = order.wish;
-    wish.emulatorID = emulator.emulatorID;
-    wish.host = places.host;
-    wish.folders = emulatorFolders(emulator, places);
-    wish.gamePath = request.path;
-    if (wish.emulatorID == "rpcs3"_L1 && wish.host == Host::linux) wish.gameFile = rpcs3GameFile(wish);
-    wish.settings = request.settings;
-    wish.quality = request.settings.quality.value_or(input.quality);
+    order.wish = {emulator.emulatorID, places.host,      emulatorFolders(emulator, places),
+                  request.path,        request.settings, request.settings.quality.value_or(input.quality)};
     LaunchFacts facts;
     facts.host = places.host;
     facts.displays = input.session.displays;
     facts.waylandSession = input.session.wayland;
-    wish.settings.fullScreen = startsFullScreen(request, facts);
+    order.wish.settings.fullScreen = startsFullScreen(request, facts);
     order.mapsController = input.mapsControllers && hasXboxController(input.session.controllers);
     if (input.vblankRaised) order.vblankRate = usualVblankRate;
     order.now = ReferenceDate::from(input.now);

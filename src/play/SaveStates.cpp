@@ -46,11 +46,6 @@ static QString snapshotOf(const RunningGame &game)
     return u"velko-"_s + game.gameID.toLower();
 }
 
-static bool searchesMenu(const QString &engine, Host host)
-{
-    return saveStatePolicy(engine, host).kind == SaveStatePolicy::Kind::menuSearch;
-}
-
 SaveStatePolicy SaveStates::policy(const RunningGame &game)
 {
     const QString engine = game.engine;
@@ -153,8 +148,6 @@ void SaveStates::askInterface()
 void SaveStates::pressKey()
 {
     const auto &facts = m_command->facts;
-    // An entry that is missing or switched off says that the command is not there now; its key would do nothing.
-    if (searchesMenu(m_command->game.engine, m_reach.places.host) && !m_command->menusOutOfReach) return asked(false);
     const auto window = frontWindow(m_reach.windows.windowsOf(m_command->pids));
     if (!window || !(m_command->what == StateCommand::save ? facts.save : facts.load)) return asked(false);
     m_command->window = window->id;
@@ -263,7 +256,8 @@ void SaveStates::fail()
                        {}},
                       warning);
     }
-    const bool byMenu = searchesMenu(command.game.engine, m_reach.places.host);
+    const bool byMenu =
+        saveStatePolicy(command.game.engine, m_reach.places.host).kind == SaveStatePolicy::Kind::menuSearch;
     if (closed && byMenu) {
         return finish({u"Allow Velko in System Settings → Privacy & Security → Accessibility, then try again."_s, {}},
                       warning);

@@ -21,11 +21,6 @@ static LocalAddress addressOf(const StateQuestion &question, const InstalledEmul
     return {pcsx2Socket(text, places.runtime), 0};
 }
 
-static bool hasNoKeysOfItsOwn(const QString &engine)
-{
-    return engine == "ppsspp"_L1 || engine == "flycast"_L1;
-}
-
 StateFacts stateFacts(const StateQuestion &question, const Places &places)
 {
     const InstalledEmulator usual{question.engine, ApplicationKind::native, {}, {}, {}};
@@ -36,7 +31,7 @@ StateFacts stateFacts(const StateQuestion &question, const Places &places)
     if (settings.readable) {
         facts.save = settings.save;
         facts.load = settings.load;
-        facts.keysBound = hasNoKeysOfItsOwn(question.engine) && settings.save && settings.load;
+        facts.keysBound = !keys && settings.save && settings.load;
     } else if (keys) {
         facts.save = keys->save;
         facts.load = keys->load;

@@ -3,7 +3,6 @@
 #include "base/IniText.h"
 
 #include <QFile>
-#include <QKeySequence>
 #include <QMetaEnum>
 #include <QRegularExpression>
 
@@ -77,20 +76,6 @@ static std::optional<KeyStroke> flycastKey(const QByteArray &text, const QString
     return functionKey(binding.match(QString::fromUtf8(text)).captured(1).toInt(), 58);
 }
 
-/// The key of a command, by the names that it has had: "Ctrl+C". Absent names mean the usual key, an empty one none.
-static std::optional<KeyStroke> azaharKey(const QByteArray &text, const QStringList &commands, const KeyStroke &usual)
-{
-    for (const QString &command : commands) {
-        const QString key = u"Shortcuts\\Main%20Window\\"_s + command + u"\\KeySeq"_s;
-        const QStringList values = iniValues(text, u"UI"_s, key);
-        if (values.isEmpty()) continue;
-        const QKeySequence sequence = QKeySequence::fromString(values.first(), QKeySequence::PortableText);
-        if (sequence.count() != 1) return {};
-        return KeyStroke{sequence[0].key(), sequence[0].keyboardModifiers()};
-    }
-    return usual;
-}
-
 StateKeySettings stateKeySettings(const QString &engine, const EmulatorFolders &folders)
 {
     if (engine == "duckstation"_L1)
@@ -104,13 +89,6 @@ StateKeySettings stateKeySettings(const QString &engine, const EmulatorFolders &
     if (engine == "flycast"_L1) {
         const QByteArray text = contentOf(folders.config + u"/mappings/SDL_Keyboard.cfg"_s).value_or(QByteArray());
         return {true, flycastKey(text, u"btn_quick_save"_s), flycastKey(text, u"btn_jump_state"_s)};
-    }
-    if (engine == "azahar"_L1) {
-        const QByteArray text = contentOf(settingsFile(engine, folders)).value_or(QByteArray());
-        const QStringList save{u"Save%20to%20Oldest%20Non-Quicksave%20Slot"_s, u"Save%20to%20Oldest%20Slot"_s};
-        const QStringList load{u"Load%20from%20Newest%20Non-Quicksave%20Slot"_s, u"Load%20from%20Newest%20Slot"_s};
-        return {true, azaharKey(text, save, {Qt::Key_C, Qt::ControlModifier}),
-                azaharKey(text, load, {Qt::Key_V, Qt::ControlModifier})};
     }
     return {};
 }

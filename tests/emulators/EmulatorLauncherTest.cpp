@@ -1,7 +1,6 @@
 #include "emulators/EmulatorLauncher.h"
 #include "emulators/EmulatorChanges.h"
 #include "emulators/InstalledEmulators.h"
-#include "emulators/SfoFile.h"
 #include "fakes/FakeFileIndex.h"
 #include "fakes/FakeProcessControl.h"
 #include "fakes/FakeTasks.h"
@@ -259,16 +258,6 @@ TEST_F(Launcher, putsRpcs3sFrameRateBackAndMapsControllersOnlyIfAllowed)
     tasks.finish();
     EXPECT_TRUE(home.read(rpcs3).contains("Vblank Rate: 60\n"));
     EXPECT_FALSE(preferences.get(preference::rpcs3VblankRaised));
-
-    // What the user set in RPCS3 for this game alone holds in place of the general settings.
-    home.write(u"Games/Souls/PS3_GAME/PARAM.SFO"_s, sfoFile({{"APP_VER", "01.00"}, {"TITLE_ID", "BLUS30443"}}));
-    const QString own = u".config/rpcs3/custom_configs/config_BLUS30443.yml"_s;
-    home.write(own, "Video:\n  Resolution Scale: 100\n");
-    preferences.set(preference::defaultQuality, u"maximum"_s);
-    launch(u"ps3"_s, home.write(u"Games/Souls/PS3_GAME/USRDIR/EBOOT.BIN"_s));
-    tasks.finish();
-    EXPECT_TRUE(home.read(own).startsWith("Video:\n  Resolution Scale: 300\n"));
-    EXPECT_TRUE(home.read(rpcs3).contains("Resolution Scale: 300\n"));
 
     program(u"bin/pcsx2-qt"_s);
     const QString pcsx2 = u".config/PCSX2/inis/PCSX2.ini"_s;

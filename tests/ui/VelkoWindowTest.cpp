@@ -117,7 +117,7 @@ TEST(VelkoWindow, looksThroughScreenshotsAndAsksBeforeOneGoes)
     EXPECT_EQ(name(), u"Cancel"_s) << "what destroys is never the first answer";
     house.press(Qt::Key_Escape);
     EXPECT_EQ(name(), u"Screenshots"_s);
-    house.controller.onEvent(PadEvent::details);
+    house.press(Qt::Key_Delete);
     house.press(Qt::Key_Right);
     house.press(Qt::Key_Return);
     ASSERT_TRUE(QTest::qWaitFor([&] { return house.screenshots.count() == 3; }));

@@ -5,7 +5,6 @@ import Velko
 Item {
     id: root
     property var hints: [] ///< a list of { glyphs: [name], text }, at most five
-    readonly property bool narrow: width < 900 ///< the D-pad goes without its text
 
     implicitHeight: 56
     Rectangle {
@@ -22,9 +21,9 @@ Item {
         }
     }
     Row {
-        x: root.narrow ? 24 : 40
+        x: 40
         height: parent.height
-        spacing: root.narrow ? 18 : 30
+        spacing: 30
         Repeater {
             model: root.hints
             Row {
@@ -41,7 +40,6 @@ Item {
                     }
                 }
                 Label {
-                    visible: !root.narrow || hint.modelData.glyphs[0] !== "dpad"
                     anchors.verticalCenter: parent.verticalCenter
                     text: hint.modelData.text
                     font.weight: 500
