@@ -3,6 +3,7 @@
 #include "emulators/CommandChannel.h"
 #include "emulators/ControllerMapping.h"
 #include "emulators/FramePatchAct.h"
+#include "emulators/LaunchArguments.h"
 #include "emulators/OpenEmuLibrary.h"
 #include "emulators/SessionLog.h"
 #include "platform/ProcessControl.h"
@@ -64,6 +65,11 @@ static SetUpOrder orderOf(const InstalledEmulator &emulator, const LaunchInput &
     SetUpOrder order;
     order.wish = {emulator.emulatorID, places.host,      emulatorFolders(emulator, places),
                   request.path,        request.settings, request.settings.quality.value_or(input.quality)};
+    LaunchFacts facts;
+    facts.host = places.host;
+    facts.displays = input.session.displays;
+    facts.waylandSession = input.session.wayland;
+    order.wish.settings.fullScreen = startsFullScreen(request, facts);
     order.mapsController = input.mapsControllers && hasXboxController(input.session.controllers);
     if (input.vblankRaised) order.vblankRate = usualVblankRate;
     order.now = ReferenceDate::from(input.now);

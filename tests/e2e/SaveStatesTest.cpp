@@ -18,6 +18,7 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -145,6 +146,16 @@ TEST(SaveStatesForReal, mgba)
     NoKeys none;
     EXPECT_EQ(desk.ask(&SaveStates::save, none), "State saved") << "by its menu";
     EXPECT_TRUE(QFile::exists(desk.savedFile()));
+}
+
+TEST(SaveStatesForReal, mgbaThatNumbersItsProcessesItself)
+{
+    if (getuid() != 0) GTEST_SKIP() << "needs the right to make a namespace";
+    StateDesk desk;
+    ASSERT_TRUE(desk.play(u"mgba"_s, u"Roms/lab.gb"_s, stripes(), u"unshare"_s,
+                          {u"--pid"_s, u"--fork"_s, u"/usr/games/mgba-qt"_s, u"-f"_s, u"GAME"_s}));
+    EXPECT_EQ(desk.ask(&SaveStates::save, *desk.keys), "State saved");
+    EXPECT_EQ(desk.ask(&SaveStates::load, *desk.keys), "State loaded");
 }
 
 TEST(SaveStatesForReal, retroArch)

@@ -1,5 +1,7 @@
 #include "ui/WindowHouse.h"
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
 
@@ -63,6 +65,9 @@ TEST(PadWindow, saysWhatTheButtonsDoNow)
     house.press(PadButton::a);
     EXPECT_EQ(hints(house),
               "dpad Move with the D-pad, a Choose, y Remove from favorites, lt+rt Previous / next game, b Back");
+    house.store->setFavorite(house.state.property("detailGame").toString(), false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hints(house).find("y Favorite,") != std::string::npos; }))
+        << "also when something else changed it";
     house.press(PadButton::b);
     house.press(PadButton::menu);
     EXPECT_EQ(hints(house), "dpad Move with the D-pad, a Choose, b Close") << "what lies below has no buttons";
@@ -141,4 +146,21 @@ TEST(PadWindow, upLeadsToTheCurrentTabAndDownBackToWhereOneWas)
     house.press(PadButton::rightShoulder);
     house.press(PadButton::leftShoulder);
     EXPECT_EQ(house.focusedGame(), game) << "each tab remembers";
+}
+
+TEST(PadWindow, thePointerIsGoneUntilTheMouseMoves)
+{
+    WindowHouse house(3);
+    ASSERT_TRUE(house.show());
+    QTest::mouseMove(house.window(), {200, 200});
+    house.controller.hidePointer = [&] { house.velko->hidePointer(); };
+    house.controller.hidesCursor = true;
+    house.press(PadButton::dpadDown);
+    house.press(PadButton::dpadUp);
+    ASSERT_TRUE(QGuiApplication::overrideCursor());
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::BlankCursor);
+    QTest::mouseMove(house.window(), {240, 200});
+    house.settled();
+    EXPECT_FALSE(QGuiApplication::overrideCursor());
+    EXPECT_EQ(hints(house), "") << "and the pointer is in use again";
 }

@@ -58,7 +58,10 @@ FocusScope {
         focus: !root.modal
         Pad.tabs: Tr.translate("Previous / next tab")
         Pad.menu: Tr.translate("Menu")
-        Pad.onTabPressed: by => root.app.stepTab(by)
+        Pad.onTabPressed: by => {
+            root.app.stepTab(by)
+            pages.forceActiveFocus(Qt.TabFocusReason)
+        }
         Pad.onMenuPressed: overlays.show("menu")
         Pages {
             id: pages
