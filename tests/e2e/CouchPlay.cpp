@@ -65,8 +65,7 @@ bool CouchPlay::gameIsInFront()
 {
     const auto front = display.desktop().active();
     // Not by the window's own word: in a namespace its process has another number.
-    return front && front->fullScreen && front->place == screen
-        && front->pid != velko->pid();
+    return front && front->fullScreen && front->place == screen && front->pid != velko->pid();
 }
 
 bool CouchPlay::menuIsInFront()
@@ -105,9 +104,23 @@ QJsonObject CouchPlay::firstGame() const
     return libraryOf(display).value_or(QJsonArray()).first().toObject();
 }
 
-QByteArray CouchPlay::log() const
+std::string CouchPlay::story() const
 {
-    return display.read(u".local/state/VelkoEmu/Velko-placement.log"_s);
+    QString text = QString::fromUtf8(display.read(u".local/state/VelkoEmu/Velko-placement.log"_s));
+    const auto front = display.desktop().active();
+    const QList<DesktopWindow> windows = display.desktop().windows();
+    for (const DesktopWindow &window : windows) {
+        const QRect &place = window.place;
+        text += u"%1 “%2” %3,%4 %5x%6%7%8\n"_s.arg(window.id)
+                    .arg(window.title)
+                    .arg(place.x())
+                    .arg(place.y())
+                    .arg(place.width())
+                    .arg(place.height())
+                    .arg(window.fullScreen ? u" full screen"_s : QString(),
+                         front && front->id == window.id ? u" in front"_s : QString());
+    }
+    return text.toStdString();
 }
 
 QStringList CouchPlay::files(const QString &folder, const QString &pattern) const

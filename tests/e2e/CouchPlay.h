@@ -2,8 +2,8 @@
 
 #include "Program.h"
 
-#include <QJsonObject>
 #include <QFile>
+#include <QJsonObject>
 #include <gtest/gtest.h>
 
 /// A controller without hardware: what is written here reaches Velko as presses.
@@ -36,7 +36,7 @@ protected:
     bool chooseItem(int item); ///< counted from the top of the menu, which is open
     void quitFromMenu(); ///< which is open
     QJsonObject firstGame() const;
-    QByteArray log() const; ///< of where windows were placed
+    std::string story() const; ///< the log of where windows were placed, and what there is now
     QStringList files(const QString &folder, const QString &pattern) const;
 
     VirtualDisplay display;

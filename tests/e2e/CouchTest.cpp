@@ -31,15 +31,16 @@ TEST_P(Couch, playsSavesPhotographsAndQuits)
     const Way &way = GetParam();
     emulatorName = QString::fromLatin1(way.emulator);
     chooseEmulator(QByteArray(way.preferences).replace("HOME", display.home().toUtf8()));
-    display.write(u"bin/boxed"_s, "#!/bin/sh\nexec unshare --pid --fork --mount-proc /usr/games/mgba-qt \"$@\"\n", true);
+    display.write(u"bin/boxed"_s, "#!/bin/sh\nexec unshare --pid --fork --mount-proc /usr/games/mgba-qt \"$@\"\n",
+                  true);
     ASSERT_TRUE(installDemoGame(display));
     play(demoGameTitle);
     ASSERT_TRUE(waitForDemoGame(display, 30s)) << velko->errors().constData();
-    EXPECT_TRUE(log().contains("wantFull true")) << log().constData();
+    EXPECT_TRUE(story().find("wantFull true") != std::string::npos) << story();
     ASSERT_TRUE(waitFor(5s, [this] { return gameIsInFront(); }));
 
     // Saved, and said so only because the file is there.
-    ASSERT_TRUE(openMenu()) << log().constData();
+    ASSERT_TRUE(openMenu()) << story();
     QElapsedTimer frozen;
     frozen.start();
     waitFor(3s, [] { return false; }); // the session's time stands still meanwhile
@@ -47,7 +48,7 @@ TEST_P(Couch, playsSavesPhotographsAndQuits)
     EXPECT_TRUE(files(folder, pattern).isEmpty());
     ASSERT_TRUE(chooseItem(saveState));
     const double frozenSeconds = double(frozen.elapsed()) / 1000;
-    EXPECT_TRUE(waitFor(6s, [&] { return !files(folder, pattern).isEmpty(); })) << log().constData();
+    EXPECT_TRUE(waitFor(6s, [&] { return !files(folder, pattern).isEmpty(); })) << story();
     EXPECT_TRUE(waitFor(4s, [&] { return firstGame().contains(u"stateSavedAt"_s); }));
     ASSERT_TRUE(waitFor(5s, [this] { return gameIsInFront(); }));
     EXPECT_TRUE(isMoving(display));
@@ -65,7 +66,7 @@ TEST_P(Couch, playsSavesPhotographsAndQuits)
     waitFor(400ms, [] { return false; });
     EXPECT_TRUE(gameStandsStill()) << "one press must not quit";
     pad->press("A");
-    EXPECT_TRUE(waitFor(20s, [this] { return game().isEmpty(); })) << log().constData();
+    EXPECT_TRUE(waitFor(20s, [this] { return game().isEmpty(); })) << story();
     ASSERT_TRUE(velko->ends(20s));
     EXPECT_EQ(velko->status(), 0) << velko->errors().constData();
     EXPECT_TRUE(waitFor(10s, [&] { return display.programs().isEmpty(); }));
@@ -127,7 +128,7 @@ protected:
                       R"([{"id":"5E1F6A52-0C3E-4B5B-9C5B-0B9D5A3C7E10","title":"Counting","consoleID":"gc","path":")"
                           + path.toUtf8() + R"(","addedAt":700000000}])");
         play(u"Counting"_s);
-        ASSERT_TRUE(waitFor(30s, [this] { return gameIsInFront(); })) << velko->errors().constData() << log().constData();
+        ASSERT_TRUE(waitFor(30s, [this] { return gameIsInFront(); })) << velko->errors().constData() << story();
         waitFor(2s, [] { return false; }); // it takes no command while it is still starting
     }
 };
@@ -135,7 +136,7 @@ protected:
 TEST_F(CouchDolphin, savesAStateAndQuits)
 {
     begin("");
-    ASSERT_TRUE(openMenu()) << log().constData();
+    ASSERT_TRUE(openMenu()) << story();
     ASSERT_TRUE(chooseItem(saveState));
     const QString folder = u".local/share/dolphin-emu/StateSaves"_s;
     EXPECT_TRUE(waitFor(6s, [&] { return !files(folder, u"*.s0*"_s).isEmpty(); }));
@@ -143,29 +144,30 @@ TEST_F(CouchDolphin, savesAStateAndQuits)
     ASSERT_TRUE(waitFor(5s, [this] { return gameIsInFront(); }));
     ASSERT_TRUE(openMenu());
     quitFromMenu();
-    EXPECT_TRUE(waitFor(20s, [this] { return game().isEmpty(); })) << log().constData();
+    EXPECT_TRUE(waitFor(20s, [this] { return game().isEmpty(); })) << story();
     EXPECT_TRUE(velko->ends(20s));
 }
 
 TEST_F(CouchDolphin, itsQuestionIsLeftToTheUser)
 {
-    display.write(u"bin/asks"_s,
-                  "#!/bin/bash\narguments=()\nwhile [ $# -gt 0 ]; do\n  if [ \"$2\" = Dolphin.Interface.ConfirmStop=False ]; "
-                  "then shift 2; else arguments+=(\"$1\"); shift; fi\ndone\n"
-                  "exec /usr/games/dolphin-emu -C Dolphin.Interface.ConfirmStop=True \"${arguments[@]}\"\n",
-                  true);
+    display.write(
+        u"bin/asks"_s,
+        "#!/bin/bash\narguments=()\nwhile [ $# -gt 0 ]; do\n  if [ \"$2\" = Dolphin.Interface.ConfirmStop=False ]; "
+        "then shift 2; else arguments+=(\"$1\"); shift; fi\ndone\n"
+        "exec /usr/games/dolphin-emu -C Dolphin.Interface.ConfirmStop=True \"${arguments[@]}\"\n",
+        true);
     begin("emulatorPath.dolphin=" + display.home().toUtf8() + "/bin/asks");
-    ASSERT_TRUE(openMenu()) << log().constData();
+    ASSERT_TRUE(openMenu()) << story();
     quitFromMenu();
     const auto asks = [this] {
         return std::ranges::any_of(display.desktop().windows(),
                                    [](const DesktopWindow &window) { return window.title == "Confirm"_L1; });
     };
-    ASSERT_TRUE(waitFor(10s, asks)) << log().constData();
+    ASSERT_TRUE(waitFor(10s, asks)) << story();
     EXPECT_FALSE(waitFor(6s, [this] { return game().isEmpty(); })) << "ended by force while it asked";
     ASSERT_TRUE(asks());
     display.run(u"xdotool"_s, {u"key"_s, u"Return"_s});
-    EXPECT_TRUE(waitFor(10s, [this] { return game().isEmpty(); })) << log().constData();
+    EXPECT_TRUE(waitFor(10s, [this] { return game().isEmpty(); })) << story();
     EXPECT_TRUE(velko->ends(30s));
 }
 
@@ -183,18 +185,18 @@ TEST_P(CouchWithTwoDisplays, playsOnTheChosenOneUntilItIsGone)
     chooseEmulator("playDisplay=DUMMY1");
     ASSERT_TRUE(installDemoGame(display));
     play(demoGameTitle);
-    ASSERT_TRUE(waitFor(40s, [this] { return gameIsInFront(); })) << log().constData();
-    ASSERT_TRUE(waitFor(20s, [this] { return log().contains("look 1: placed"); })) << log().constData();
-    ASSERT_TRUE(openMenu()) << log().constData();
+    ASSERT_TRUE(waitFor(40s, [this] { return gameIsInFront(); })) << story();
+    ASSERT_TRUE(waitFor(20s, [this] { return story().find("look 1: placed") != std::string::npos; })) << story();
+    ASSERT_TRUE(openMenu()) << story();
 
     ASSERT_TRUE(display.run(u"xrandr"_s, {u"--output"_s, u"DUMMY1"_s, u"--off"_s}));
     screen = {0, 0, 1920, 1080};
     pad->press("B");
     EXPECT_TRUE(waitFor(5s, [this] { return !gameStandsStill(); }));
-    EXPECT_TRUE(waitFor(40s, [this] { return gameIsInFront(); })) << log().constData();
-    ASSERT_TRUE(openMenu()) << log().constData();
+    EXPECT_TRUE(waitFor(40s, [this] { return gameIsInFront(); })) << story();
+    ASSERT_TRUE(openMenu()) << story();
     quitFromMenu();
-    EXPECT_TRUE(waitFor(20s, [this] { return game().isEmpty(); })) << log().constData();
+    EXPECT_TRUE(waitFor(20s, [this] { return game().isEmpty(); })) << story();
     EXPECT_TRUE(velko->ends(20s));
 }
 

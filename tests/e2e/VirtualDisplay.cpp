@@ -20,7 +20,8 @@ VirtualDisplay::VirtualDisplay(XServer::Kind kind, const QString &windowManager)
     QFile::setPermissions(m_folder.filePath(u"run"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     if (!m_server.isReady()) return;
     startBus();
-    if (!m_server.manage(windowManager, environment())) return; // some window managers ask for their settings on the bus
+    if (!m_server.manage(windowManager, environment()))
+        return; // some window managers ask for their settings on the bus
     m_desktop = std::make_unique<Desktop>(m_server.display());
 }
 

@@ -15,7 +15,7 @@ public:
     ~VirtualDisplay();
 
     bool isReady() const { return m_desktop && m_desktop->hasWindowManager(); }
-    Desktop &desktop() { return *m_desktop; }
+    Desktop &desktop() const { return *m_desktop; }
     QByteArray name() const { return m_server.display(); } ///< ":5"
     QString home() const { return m_folder.path() + QStringLiteral("/home"); }
     QProcessEnvironment environment() const; ///< for programs that run on it

@@ -19,7 +19,9 @@ public:
     QProcessEnvironment environment() const; ///< for programs on this display
     bool run(const QString &program, const QStringList &arguments) const; ///< and waits for its success
     /// Its environment is that of other programs, unless another one is given.
-    bool manage(const QString &windowManager, const QProcessEnvironment &environment = {}); ///< starts it, instead of the present one; waits until it manages
+    bool manage(
+        const QString &windowManager,
+        const QProcessEnvironment &environment = {}); ///< starts it, instead of the present one; waits until it manages
     QString startBus(); ///< a message bus for the programs that start from now on; its address
     void kill(); ///< the server only
 
