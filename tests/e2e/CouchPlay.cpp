@@ -104,7 +104,7 @@ QJsonObject CouchPlay::firstGame() const
     return libraryOf(display).value_or(QJsonArray()).first().toObject();
 }
 
-std::string CouchPlay::story() const
+std::string CouchPlay::story()
 {
     QString text = QString::fromUtf8(display.read(u".local/state/VelkoEmu/Velko-placement.log"_s));
     const auto front = display.desktop().active();
@@ -120,7 +120,8 @@ std::string CouchPlay::story() const
                     .arg(window.fullScreen ? u" full screen"_s : QString(),
                          front && front->id == window.id ? u" in front"_s : QString());
     }
-    return text.toStdString();
+    if (!velko->isRunning()) text += u"velko has ended with %1\n"_s.arg(velko->status());
+    return text.toStdString() + velko->errors().toStdString();
 }
 
 QStringList CouchPlay::files(const QString &folder, const QString &pattern) const

@@ -36,7 +36,7 @@ protected:
     bool chooseItem(int item); ///< counted from the top of the menu, which is open
     void quitFromMenu(); ///< which is open
     QJsonObject firstGame() const;
-    std::string story() const; ///< the log of where windows were placed, and what there is now
+    std::string story(); ///< the log of where windows were placed, and what there is now
     QStringList files(const QString &folder, const QString &pattern) const;
 
     VirtualDisplay display;
