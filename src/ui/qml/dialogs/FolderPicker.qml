@@ -1,16 +1,19 @@
 import QtQuick
 import Velko
 
-/// Chooses a folder of games: places at the left, the folders of the open one at the right.
+/// Chooses a folder of games, or files: places at the left, what is in the open folder at the right.
 Sheet {
     id: root
     required property FolderList folders
+    property bool files: false
+    property string what ///< what the files are
     signal chosen(string path)
+    signal filesChosen(var paths)
 
-    title: Tr.translate("Add a folder of games")
+    title: files ? Tr.fill("Choose files: %@", [what]) : Tr.translate("Add a folder of games")
     panelWidth: 920
     panelHeight: 660
-    Component.onCompleted: root.folders.open("")
+    Component.onCompleted: root.folders.begin(root.files)
     Keys.onBackPressed: if (root.folders.parentFolder !== "") root.folders.open(root.folders.parentFolder)
 
     Row {
@@ -93,7 +96,7 @@ Sheet {
                     delegate: FolderRow {
                         width: list.width
                         marked: ListView.isCurrentItem && list.lit
-                        onActivated: root.folders.open(path)
+                        onActivated: file ? root.folders.toggle(path) : root.folders.open(path)
                     }
                 }
                 ScrollHandle { view: list }
@@ -115,9 +118,10 @@ Sheet {
             size: 52
             textSize: 15.5
             kind: "primary"
-            text: Tr.translate("Add this folder")
-            available: root.folders.folder !== "/"
-            onActivated: root.chosen(root.folders.folder)
+            text: !root.files ? Tr.translate("Add this folder")
+                : root.folders.marked.length === 1 ? Tr.translate("Take this file") : Tr.fill("Take %ld files", [root.folders.marked.length])
+            available: root.files ? root.folders.marked.length > 0 : root.folders.folder !== "/"
+            onActivated: root.files ? root.filesChosen(root.folders.marked) : root.chosen(root.folders.folder)
         }
     }
 }
