@@ -6,6 +6,7 @@
 #include "app/Log.h"
 #include "app/PreferenceMigration.h"
 #include "app/Translator.h"
+#include "emulators/BiosFiles.h"
 #include "emulators/EmulatorFinder.h"
 #include "emulators/EmulatorLauncher.h"
 #include "emulators/InstalledEmulators.h"
@@ -80,7 +81,8 @@ public:
           m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators,
                      [this] { return session(); }),
           m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
-          m_commands(places, m_library, m_emulators.finder(), preferences, *m_tasks, m_translator)
+          m_bios(places, m_emulators, preferences, *m_workspace, *m_tasks),
+          m_commands(places, m_library, m_emulators.finder(), preferences, m_bios, *m_tasks, m_translator)
     {
         m_state.setProperty("language", code(m_translator.language()));
         QObject::connect(
@@ -186,6 +188,7 @@ private:
     InstalledEmulators m_emulators;
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
+    BiosFiles m_bios;
     CommandRunner m_commands;
     std::unique_ptr<VelkoWindow> m_window;
     int m_exitStatus = 0;

@@ -19,11 +19,19 @@ static constexpr Form forms[] = {
     {u"play", Command::Kind::play, 1, 1, false},
     {u"emulators", Command::Kind::emulators, 0, 0, true},
     {u"doctor", Command::Kind::doctor, 0, 0, false},
+    {u"bios", Command::Kind::bios, 1, -1, false},
     {u"--big-picture", Command::Kind::openBigPicture, 0, 0, false},
     {u"--help", Command::Kind::help, 0, 0, false},
     {u"-h", Command::Kind::help, 0, 0, false},
     {u"--version", Command::Kind::version, 0, 0, false},
 };
+
+static QString tooFew(Command::Kind kind)
+{
+    if (kind == Command::Kind::play) return u"Which game? Give its title or identifier: velko play GAME"_s;
+    if (kind == Command::Kind::bios) return u"Which files? Give at least one: velko bios FILE…"_s;
+    return u"Which files? Give at least one: velko add PATH…"_s;
+}
 
 static Result<Command> parse(const Form &form, const QStringList &rest)
 {
@@ -39,10 +47,7 @@ static Result<Command> parse(const Form &form, const QStringList &rest)
         else
             command.operands += word;
     }
-    if (command.operands.size() < form.fewest)
-        return Message{form.kind == Command::Kind::play ? u"Which game? Give its title or identifier: velko play GAME"_s
-                                                        : u"Which files? Give at least one: velko add PATH…"_s,
-                       {}};
+    if (command.operands.size() < form.fewest) return Message{tooFew(form.kind), {}};
     if (form.most >= 0 && command.operands.size() > form.most)
         return Message{u"“velko %@” doesn't take “%@”. A name with blanks must stand in quotes."_s,
                        {QString::fromUtf16(form.word), command.operands.value(form.most)}};
@@ -67,6 +72,7 @@ velko scan [DIR…]         look for games in these folders from now on; without
 velko list [--json]       the games
 velko play GAME           start a game, by its title or identifier; returns when the game has ended
 velko emulators [--json]  the emulators that are installed
+velko bios FILE…          put system files where their consoles' emulators look for them
 velko doctor              what is found and what is missing, with remedies
 
 Exit status: 0 it worked, 1 it failed, 2 wrong usage.

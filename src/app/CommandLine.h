@@ -6,7 +6,7 @@
 
 /// What a call of the program asks for.
 struct Command {
-    enum class Kind { openWindow, openBigPicture, add, scan, list, play, emulators, doctor, help, version };
+    enum class Kind { openWindow, openBigPicture, add, scan, list, play, emulators, doctor, bios, help, version };
     Kind kind = Kind::openWindow;
     QStringList operands; ///< files, folders, or the game
     bool json = false;

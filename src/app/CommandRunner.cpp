@@ -3,6 +3,7 @@
 #include "app/Doctor.h"
 #include "app/GameChoice.h"
 #include "app/Translator.h"
+#include "emulators/BiosFiles.h"
 #include "emulators/EmulatorFinder.h"
 #include "library/LibraryFile.h"
 #include "library/LibraryStore.h"
@@ -80,9 +81,9 @@ static QString doctorLine(const Finding &finding, const Translator &translator)
 }
 
 CommandRunner::CommandRunner(const Places &places, LibraryStore &library, const EmulatorFinder &finder,
-                             const Preferences &preferences, Tasks &tasks, const Translator &translator,
-                             QObject *parent)
-    : QObject(parent), m_places(places), m_library(library), m_finder(finder), m_preferences(preferences),
+                             const Preferences &preferences, BiosFiles &bios, Tasks &tasks,
+                             const Translator &translator, QObject *parent)
+    : QObject(parent), m_places(places), m_library(library), m_finder(finder), m_preferences(preferences), m_bios(bios),
       m_tasks(tasks), m_translator(translator)
 { }
 
@@ -112,6 +113,8 @@ void CommandRunner::run(const Command &command, const QString &workingFolder, co
         return play(command.operands.value(0), reply);
     case Command::Kind::emulators:
         return emulators(command.json, reply);
+    case Command::Kind::bios:
+        return bios(paths(), reply);
     case Command::Kind::doctor:
         return doctor(reply);
     case Command::Kind::help:
@@ -248,6 +251,23 @@ void CommandRunner::emulators(bool json, const Answer &reply)
             reply->print(json ? QString::fromUtf8(QJsonDocument(array).toJson()) : text);
             reply->finish(0);
         });
+}
+
+void CommandRunner::bios(const QStringList &files, const Answer &reply)
+{
+    m_bios.installAnywhere(files, [this, reply](const QList<BiosReport> &reports) {
+        bool allInstalled = true;
+        for (const BiosReport &report : reports) {
+            QString line = onOneLine(m_translator.message(report.message)) + u'\n';
+            if (report.remark) line += u"  "_s + onOneLine(m_translator.message(*report.remark)) + u'\n';
+            allInstalled = allInstalled && report.installed;
+            if (report.installed)
+                reply->print(line);
+            else
+                reply->printError(line);
+        }
+        reply->finish(allInstalled ? 0 : 1);
+    });
 }
 
 void CommandRunner::doctor(const Answer &reply)

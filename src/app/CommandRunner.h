@@ -7,6 +7,7 @@
 #include <QObject>
 #include <memory>
 
+class BiosFiles;
 class EmulatorFinder;
 class LibraryStore;
 class Preferences;
@@ -19,7 +20,7 @@ class CommandRunner : public QObject {
     Q_OBJECT
 public:
     CommandRunner(const Places &places, LibraryStore &library, const EmulatorFinder &finder,
-                  const Preferences &preferences, Tasks &tasks, const Translator &translator,
+                  const Preferences &preferences, BiosFiles &bios, Tasks &tasks, const Translator &translator,
                   QObject *parent = nullptr);
 
     /// Relative paths among the operands count from `workingFolder`. Not for the commands that open a window.
@@ -36,6 +37,7 @@ private:
     void list(bool json, const Answer &reply);
     void play(const QString &word, const Answer &reply);
     void emulators(bool json, const Answer &reply);
+    void bios(const QStringList &files, const Answer &reply);
     void doctor(const Answer &reply);
     void fail(const Answer &reply, const Message &why) const;
 
@@ -43,6 +45,7 @@ private:
     LibraryStore &m_library;
     const EmulatorFinder &m_finder;
     const Preferences &m_preferences;
+    BiosFiles &m_bios;
     Tasks &m_tasks;
     const Translator &m_translator;
     QList<std::weak_ptr<Reply>> m_underWay;

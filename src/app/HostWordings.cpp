@@ -17,6 +17,8 @@ QString hostWording(const QString &text, Host host)
          u"No Xbox 360 emulator on Linux yet. Some games exist as native ports (recompilations)."_s},
         {u"No emulator: the game is recompiled into a real native Mac app with nxnative."_s,
          u"No emulator: the game is recompiled into a real native app with nxnative, on a Mac only for now."_s},
+        {u"After dropping the files, select them once in xemu's settings (Machine → System)."_s,
+         u"Drop the three files here: Velko enters them in xemu's settings, which are there once xemu has been started."_s},
         {u"Games already recompiled into Mac apps (Zelda 64: Recompiled, Ship of Harkinian, Bloodborne…). Drop the .app here."_s,
          u"Games already recompiled into native programs (Zelda 64: Recompiled, Ship of Harkinian…). Drop the AppImage or the program here."_s},
         {u"Runs on any Mac"_s, u"Runs on any computer"_s},

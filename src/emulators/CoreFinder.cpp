@@ -62,15 +62,20 @@ QString corePackage(const QString &consoleID)
     return coreRows().value(consoleID).package;
 }
 
-std::optional<QString> libretroDirectory(const QString &configText, const QString &home)
+std::optional<QString> retroArchDirectory(const QString &key, const QString &configText, const QString &home)
 {
-    static const QRegularExpression line(uR"re(^[ \t]*libretro_directory[ \t]*=[ \t]*"?([^"\r\n]*?)"?[ \t]*\r?$)re"_s,
-                                         QRegularExpression::MultilineOption);
+    const QRegularExpression line(uR"re(^[ \t]*%1[ \t]*=[ \t]*"?([^"\r\n]*?)"?[ \t]*\r?$)re"_s.arg(key),
+                                  QRegularExpression::MultilineOption);
     QString folder = line.match(configText).captured(1).trimmed();
     if (folder.startsWith("~/"_L1)) folder = home + folder.sliced(1);
     // "default" and paths beside the program (":/cores") are covered by the usual folders.
     return QDir::isAbsolutePath(folder) && !folder.startsWith(u':') ? std::optional(QDir::cleanPath(folder))
                                                                     : std::nullopt;
+}
+
+std::optional<QString> libretroDirectory(const QString &configText, const QString &home)
+{
+    return retroArchDirectory(u"libretro_directory"_s, configText, home);
 }
 
 QString retroArchFolder(const InstalledEmulator &retroArch, const Places &places)

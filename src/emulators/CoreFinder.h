@@ -14,6 +14,10 @@ QStringList coreNames(const QString &consoleID);
 /// The Debian package that installs one of these cores; empty when there is none.
 QString corePackage(const QString &consoleID);
 
+/// A folder that RetroArch's configuration sets under a key such as "system_directory"; absent when the text does not
+/// set it. "~" stands for `home`.
+std::optional<QString> retroArchDirectory(const QString &key, const QString &configText, const QString &home);
+
 /// `libretro_directory` of RetroArch's configuration; absent when the text does not set it. "~" stands for `home`.
 std::optional<QString> libretroDirectory(const QString &configText, const QString &home);
 

@@ -37,14 +37,6 @@ std::optional<Message> nativeGameRefusal(const QString &path, Host host)
     return notExecutable(path);
 }
 
-static QString xemuSettingsFile(const InstalledEmulator &xemu, const Places &places)
-{
-    if (xemu.kind == ApplicationKind::flatpak)
-        return places.home + u"/.var/app/"_s + xemu.applicationID + u"/data/xemu/xemu/xemu.toml"_s;
-    const QString portable = QFileInfo(xemu.path).path() + u"/xemu.toml"_s;
-    return QFileInfo::exists(portable) ? portable : places.data + u"/xemu/xemu/xemu.toml"_s;
-}
-
 static std::optional<Message> xemuRefusal(const InstalledEmulator &xemu, const Places &places)
 {
     const QString toml = QString::fromUtf8(contentOf(xemuSettingsFile(xemu, places)).value_or(QByteArray()));

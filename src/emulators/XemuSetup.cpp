@@ -51,6 +51,14 @@ static QString withoutQuotes(QString key)
     return key;
 }
 
+QString xemuSettingsFile(const InstalledEmulator &xemu, const Places &places)
+{
+    if (xemu.kind == ApplicationKind::flatpak)
+        return places.home + u"/.var/app/"_s + xemu.applicationID + u"/data/xemu/xemu/xemu.toml"_s;
+    const QString portable = QFileInfo(xemu.path).path() + u"/xemu.toml"_s;
+    return QFileInfo::exists(portable) ? portable : places.data + u"/xemu/xemu/xemu.toml"_s;
+}
+
 QMap<QString, QString> xemuSystemFiles(const QString &toml)
 {
     QMap<QString, QString> files;
@@ -83,4 +91,62 @@ QStringList missingXemuFiles(const QMap<QString, QString> &systemFiles)
         if (path.isEmpty() || !QFileInfo(path).isFile()) missing += label;
     }
     return missing;
+}
+
+static QString tomlText(const QString &text)
+{
+    // A text between single quotes is taken as it is, but cannot hold one.
+    if (!text.contains(u'\'')) return u'\'' + text + u'\'';
+    QString escapedText = text;
+    escapedText.replace(u'\\', u"\\\\"_s).replace(u'"', u"\\\""_s);
+    return u'"' + escapedText + u'"';
+}
+
+static QString keyOf(const QString &line)
+{
+    const qsizetype equals = line.indexOf(u'=');
+    return equals <= 0 || line.trimmed().startsWith(u'#') ? QString() : withoutQuotes(line.first(equals).trimmed());
+}
+
+/// The first line of the section [sys.files] and the line after its last; both at the end when it is not there.
+static QPair<qsizetype, qsizetype> filesSection(const QStringList &lines)
+{
+    qsizetype begin = lines.size();
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QString line = lines[i].trimmed();
+        if (!line.startsWith(u'[')) continue;
+        if (begin < lines.size()) return {begin, i};
+        if (withoutQuotes(line).startsWith("[sys.files]"_L1)) begin = i + 1;
+    }
+    return {begin, lines.size()};
+}
+
+QString withXemuFiles(const QString &toml, const QMap<QString, QString> &systemFiles)
+{
+    QStringList lines = toml.split(u'\n');
+    const QString lineEnd = toml.contains("\r\n"_L1) ? u"\r"_s : QString();
+    const QMap<QString, QString> before = xemuSystemFiles(toml);
+    if (filesSection(lines).first == lines.size()) {
+        if (!before.isEmpty()) return toml; // written without the section, which must not be opened a second time
+        if (lines.last().isEmpty()) lines.removeLast();
+        lines += {lineEnd, u"[sys.files]"_s + lineEnd, QString()};
+    }
+    for (const auto &[key, path] : systemFiles.asKeyValueRange()) {
+        auto [line, end] = filesSection(lines);
+        while (line < end && keyOf(lines[line]) != key)
+            ++line;
+        const QString text = key + u" = "_s + tomlText(path) + lineEnd;
+        if (line < end) {
+            lines[line] = text;
+            continue;
+        }
+        if (before.contains(key)) return toml;
+        while (lines[line - 1].trimmed().isEmpty())
+            --line;
+        lines.insert(line, text);
+    }
+    const QString edited = lines.join(u'\n');
+    QMap<QString, QString> wanted = before;
+    wanted.insert(systemFiles);
+    return xemuSystemFiles(edited) == wanted ? edited : toml;
 }

@@ -27,6 +27,7 @@ INSTANTIATE_TEST_SUITE_P(
                         "scanFolders", {u"scan"_s, u"/a b"_s, u"c"_s}, {Command::Kind::scan, {u"/a b"_s, u"c"_s}}},
                     CommandRow{"jsonList", {u"list"_s, u"--json"_s}, {Command::Kind::list, {}, true}},
                     CommandRow{"play", {u"play"_s, u"It's $(me)"_s}, {Command::Kind::play, {u"It's $(me)"_s}}},
+                    CommandRow{"bios", {u"bios"_s, u"a.bin"_s, u"b"_s}, {Command::Kind::bios, {u"a.bin"_s, u"b"_s}}},
                     CommandRow{"leadingDash",
                                {u"add"_s, u"--"_s, u"-x.gb"_s, u"--json"_s},
                                {Command::Kind::add, {u"-x.gb"_s, u"--json"_s}}}),
@@ -34,14 +35,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(CommandLine, refusesWhatItDoesNotKnow)
 {
-    const QList<QStringList> wrong{{u"fly"_s},
-                                   {u"play"_s},
-                                   {u"play"_s, u"a"_s, u"b"_s},
-                                   {u"add"_s},
-                                   {u"list"_s, u"x"_s},
-                                   {u"scan"_s, u"--json"_s},
-                                   {u"add"_s, u"-x.gb"_s},
-                                   {QString()}};
+    const QList<QStringList> wrong{
+        {u"fly"_s},  {u"play"_s},         {u"play"_s, u"a"_s, u"b"_s}, {u"add"_s},
+        {u"bios"_s}, {u"list"_s, u"x"_s}, {u"scan"_s, u"--json"_s},    {u"add"_s, u"-x.gb"_s},
+        {QString()}};
     for (const QStringList &arguments : wrong)
         EXPECT_FALSE(parseCommandLine(arguments)) << arguments.join(u' ').toStdString();
 }

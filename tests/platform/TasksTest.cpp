@@ -79,3 +79,21 @@ TEST(LinuxTasks, finishRunningWorkAndAnswerNobodyWhenTheyEnd)
     waitUntil([&] { return answered > 0; }, std::chrono::milliseconds(20));
     EXPECT_EQ(answered, 0);
 }
+
+TEST(LinuxTasks, letNothingOfTheAnswerGoInTheBackground)
+{
+    const auto tasks = makeTasks();
+    QObject receiver;
+    int answered = 0, elsewhere = 0;
+    constexpr int times = 200;
+    for (int i = 0; i < times; ++i) {
+        const std::shared_ptr<int> held(new int, [&elsewhere, main = QThread::currentThread()](int *number) {
+            elsewhere += QThread::currentThread() != main;
+            delete number;
+        });
+        tasks->run(
+            &receiver, [] {}, [held, &answered] { ++answered; });
+    }
+    ASSERT_TRUE(waitUntil([&] { return answered == times; }));
+    EXPECT_EQ(elsewhere, 0);
+}

@@ -27,7 +27,9 @@ private:
     {
         m_pool.start([this, work = std::move(work), done = std::move(done)]() mutable {
             work();
-            post(std::move(done));
+            // A queued call may go on this thread, after it was made. What `done` holds must go on the main thread.
+            const auto call = std::make_shared<std::function<void()>>(std::move(done));
+            post([call] { std::exchange(*call, nullptr)(); });
         });
     }
 
