@@ -133,7 +133,7 @@ private:
 
     bool buildWindow()
     {
-        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_emulators, m_preferences,
+        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_emulators, m_bios, m_preferences,
                                                              m_translator, *m_clock, *m_tasks, *m_workspace, m_places});
         if (!m_window->load()) {
             m_window.reset();

@@ -126,7 +126,7 @@ BiosState xboxState(const std::optional<InstalledEmulator> &copy, const Places &
     QFile file(xemuSettingsFile(copy.value_or(usual), places));
     QMap<QString, QString> files;
     if (file.open(QFile::ReadOnly)) files = xemuSystemFiles(QString::fromUtf8(file.read(4 * chunk)));
-    BiosState state{BiosPresence::present, missingXemuFiles(files), {}};
+    BiosState state{.presence = BiosPresence::present, .missing = missingXemuFiles(files)};
     if (!state.missing.isEmpty()) state.presence = BiosPresence::missing;
     const QString bootRom = files.value(u"bootrom_path"_s);
     const BiosIdentity identity = identifyBios(bootRom);
@@ -158,9 +158,15 @@ BiosState biosState(const Console &console, const std::optional<InstalledEmulato
 {
     if (!console.bios) return {};
     if (console.bios->dest.kind == BiosDest::Kind::ps3Firmware) return firmwareState(copy, places);
-    if (console.id == "xbox"_L1) return xboxState(copy, places);
-    const auto files = found(console, biosFolder(console, copy, places));
-    BiosState state{files.isEmpty() ? BiosPresence::missing : BiosPresence::unknownFile, {}, {}};
+    BiosState state;
+    if (console.id == "xbox"_L1) {
+        state = xboxState(copy, places);
+        state.folder = biosFolder(console, copy, places);
+        return state;
+    }
+    state.folder = biosFolder(console, copy, places);
+    const auto files = found(console, state.folder);
+    state.presence = files.isEmpty() ? BiosPresence::missing : BiosPresence::unknownFile;
     for (const auto &[name, identity] : files) {
         if (identity.grade == Grade::good) state.presence = BiosPresence::present;
         state.remarks += biosRemark(identity, name, console.bios->label);

@@ -7,6 +7,7 @@
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
 #include "ui/BackdropImageProvider.h"
+#include "ui/BiosFacts.h"
 #include "ui/CoverImageProvider.h"
 #include "ui/EmulatorFacts.h"
 #include "ui/FocusKeeper.h"
@@ -43,8 +44,8 @@ struct VelkoWindow::Content {
           opener(given.places, given.workspace), home(sources), openGame(sources),
           gameEmulator(given.emulators, given.preferences, opener, given.translator, given.places),
           shownEmulator(given.emulators, given.preferences, opener, given.translator, given.places),
-          alerts(given.library, given.translator), notices(given.clock),
-          folders(given.places, given.tasks, given.translator),
+          bios(given.bios, given.emulators, given.translator, given.places), alerts(given.library, given.translator),
+          notices(given.clock), folders(given.places, given.tasks, given.translator),
           lists(given.library, given.emulators, given.app, given.preferences, given.translator, given.places)
     { }
 
@@ -55,6 +56,7 @@ struct VelkoWindow::Content {
     GameFacts openGame; ///< the game whose page is open
     EmulatorFacts gameEmulator; ///< the one that plays that game
     EmulatorFacts shownEmulator; ///< the one whose sheet is open
+    BiosFacts bios; ///< of the console whose page is open
     LibraryAlerts alerts;
     Notices notices;
     FolderList folders;
@@ -117,6 +119,7 @@ bool VelkoWindow::load()
                                {u"openGame"_s, QVariant::fromValue(&content.openGame)},
                                {u"gameEmulator"_s, QVariant::fromValue(&content.gameEmulator)},
                                {u"shownEmulator"_s, QVariant::fromValue(&content.shownEmulator)},
+                               {u"bios"_s, QVariant::fromValue(&content.bios)},
                                {u"alerts"_s, QVariant::fromValue(&content.alerts)},
                                {u"notices"_s, QVariant::fromValue(&content.notices)},
                                {u"folders"_s, QVariant::fromValue(&content.folders)}});

@@ -3,6 +3,7 @@
 #include <memory>
 
 class AppState;
+class BiosFiles;
 class Clock;
 class InstalledEmulators;
 class LibraryStore;
@@ -18,6 +19,7 @@ struct WindowParts {
     AppState &app;
     LibraryStore &library;
     InstalledEmulators &emulators;
+    BiosFiles &bios;
     Preferences &preferences;
     Translator &translator;
     Clock &clock;

@@ -1,8 +1,11 @@
 #include "ui/VelkoWindow.h"
 
+#include "emulators/BiosFiles.h"
 #include "platform/linux/LinuxServices.h"
 #include "ui/ListHouse.h"
 
+#include <QDropEvent>
+#include <QMimeData>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QRandomGenerator>
@@ -21,6 +24,7 @@ static void keepWarning(QtMsgType type, const QMessageLogContext &, const QStrin
 /// The real window, offscreen, with a few games. Pictures are made in the background, as always.
 struct WindowHouse : ListHouse {
     std::unique_ptr<Tasks> background = makeTasks();
+    BiosFiles bios{places, emulators, preferences, workspace, tasks};
     std::unique_ptr<VelkoWindow> velko;
 
     explicit WindowHouse(int games)
@@ -34,8 +38,8 @@ struct WindowHouse : ListHouse {
             store->setFavorite(id, i % 5 == 0);
         }
         emulators.refresh();
-        velko = std::make_unique<VelkoWindow>(
-            WindowParts{state, *store, emulators, preferences, translator, clock, *background, workspace, places});
+        velko = std::make_unique<VelkoWindow>(WindowParts{state, *store, emulators, bios, preferences, translator,
+                                                          clock, *background, workspace, places});
     }
     ~WindowHouse()
     {
@@ -171,4 +175,44 @@ TEST(VelkoWindow, drawsNothingWhileNothingHappens)
     EXPECT_EQ(frames, 0);
     house.press(Qt::Key_Right);
     EXPECT_TRUE(QTest::qWaitFor([&frames] { return frames > 0; }));
+}
+
+static QQuickItem *itemNamed(QQuickItem *item, const QString &name)
+{
+    if (item->isVisible() && item->property("name").toString() == name) return item;
+    for (QQuickItem *child : item->childItems()) {
+        if (QQuickItem *found = itemNamed(child, name)) return found;
+    }
+    return nullptr;
+}
+
+static void dropOnto(QQuickWindow *window, QPoint place, const QString &file)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    const QPoint edge(4, window->height() / 2);
+    QDragEnterEvent enter(edge, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &enter);
+    QDragMoveEvent move(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &move);
+    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &drop);
+}
+
+TEST(VelkoWindow, systemFilesAreDroppedOnTheirCardAndGamesBesideIt)
+{
+    WindowHouse house(4);
+    house.tasks.immediate = true;
+    house.state.setTab(AppTab::consoles);
+    house.state.setProperty("selectedConsole", u"lynx"_s);
+    ASSERT_TRUE(house.show({1920, 1080}));
+    const QString file = house.home.write(u"Downloads/lynxboot.img"_s, QByteArray(512, 'x'));
+    QQuickItem *slot = itemNamed(house.window()->contentItem(), u"Choose the files"_s);
+    ASSERT_TRUE(slot);
+    dropOnto(house.window(), slot->mapToScene({20, 20}).toPoint(), file);
+    EXPECT_EQ(house.bios.reports(u"lynx"_s).size(), 1);
+    EXPECT_EQ(house.store->count(), 4);
+    dropOnto(house.window(), {300, 900}, house.home.write(u"Downloads/Game.lnx"_s));
+    EXPECT_EQ(house.store->count(), 5);
+    EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
 }

@@ -1,6 +1,7 @@
 #include "app/AppState.h"
 #include "app/Translator.h"
 #include "catalog/EmulatorDef.h"
+#include "emulators/BiosFiles.h"
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryFile.h"
 #include "library/LibraryStore.h"
@@ -130,7 +131,8 @@ int main(int argc, char **argv)
         app.setProperty("detailGame", library.games()[number].id);
     if (options.value(u"page"_s) == u"console") app.setProperty("selectedConsole", u"ps2"_s);
 
-    VelkoWindow window({app, library, emulators, preferences, translator, *clock, *tasks, workspace, places});
+    BiosFiles bios(places, emulators, preferences, workspace, *tasks);
+    VelkoWindow window({app, library, emulators, bios, preferences, translator, *clock, *tasks, workspace, places});
     if (!window.load()) return 1;
     const QStringList size = options.value(u"size"_s).split(u'x');
     window.window()->resize(size.value(0).toInt(), size.value(1).toInt());

@@ -14,6 +14,7 @@ FocusScope {
     required property EmulatorFacts gameEmulator
     required property EmulatorFacts shownEmulator
     required property LibraryAlerts alerts
+    required property BiosFacts bios
     required property Notices notices
     required property FolderList folders
     readonly property bool modal: overlays.busy
@@ -31,6 +32,7 @@ FocusScope {
     Binding { target: Theme; property: "wholeScale"; value: Screen.devicePixelRatio % 1 === 0 }
     Binding { target: root.openGame; property: "gameID"; value: root.app.detailGame }
     Binding { target: root.gameEmulator; property: "emulatorID"; value: root.openGame.options.engine }
+    Binding { target: root.bios; property: "consoleID"; value: root.app.selectedConsole }
     Binding { target: root.home; property: "active"; value: root.app.tab === "home" }
 
     Rectangle {
@@ -44,42 +46,46 @@ FocusScope {
         height: root.height
         strength: 0.13
     }
-    FocusScope {
-        id: surface
-        anchors.fill: parent
-        enabled: !root.modal
-        focus: !root.modal
-        Pages {
-            anchors.fill: parent
-            anchors.topMargin: bar.height
-            focus: true
-            app: root.app
-            library: root.library
-            lists: root.lists
-            keeper: root.keeper
-            home: root.home
-            openGame: root.openGame
-            gameEmulator: root.gameEmulator
-            alerts: root.alerts
-            onFolderWanted: overlays.show("folder")
-            onEmulatorWanted: emulatorID => overlays.showEmulator(emulatorID)
-            onRemovalWanted: overlays.show("remove")
-            onRenameWanted: overlays.show("rename")
-        }
-        TopBar {
-            id: bar
-            width: parent.width
-            app: root.app
-            onMenuWanted: overlays.show("menu")
-            onBigPictureWanted: root.notices.show(Tr.translate("Big Picture is not in this version of Velko yet."), "info")
-        }
-        Shortcuts { app: root.app }
-    }
     FileDrop {
         anchors.fill: parent
         enabled: !root.modal
+        quiet: root.app.selectedConsole !== "" && root.app.tab === "consoles"
         alerts: root.alerts
         notices: root.notices
+
+        FocusScope {
+            id: surface
+            anchors.fill: parent
+            enabled: !root.modal
+            focus: !root.modal
+            Pages {
+                anchors.fill: parent
+                anchors.topMargin: bar.height
+                focus: true
+                app: root.app
+                library: root.library
+                lists: root.lists
+                keeper: root.keeper
+                home: root.home
+                openGame: root.openGame
+                gameEmulator: root.gameEmulator
+                alerts: root.alerts
+                bios: root.bios
+                onFilesWanted: overlays.show("files")
+                onFolderWanted: overlays.show("folder")
+                onEmulatorWanted: emulatorID => overlays.showEmulator(emulatorID)
+                onRemovalWanted: overlays.show("remove")
+                onRenameWanted: overlays.show("rename")
+            }
+            TopBar {
+                id: bar
+                width: parent.width
+                app: root.app
+                onMenuWanted: overlays.show("menu")
+                onBigPictureWanted: root.notices.show(Tr.translate("Big Picture is not in this version of Velko yet."), "info")
+            }
+            Shortcuts { app: root.app }
+        }
     }
     Overlays {
         id: overlays
@@ -91,6 +97,7 @@ FocusScope {
         openGame: root.openGame
         emulator: root.shownEmulator
         alerts: root.alerts
+        bios: root.bios
         notices: root.notices
         folders: root.folders
     }

@@ -10,9 +10,10 @@ FocusScope {
     required property GameFacts openGame
     required property EmulatorFacts emulator
     required property LibraryAlerts alerts
+    required property BiosFacts bios
     required property Notices notices
     required property FolderList folders
-    property string wanted ///< by the user: "menu", "about", "folder", "remove", "rename", "emulator"; empty: none
+    property string wanted ///< by the user: "menu", "about", "folder", "remove", "rename", "emulator", "files"; empty: none
     readonly property string shown: alerts.missingText !== "" ? "missing" : alerts.setupText !== "" ? "setup"
         : alerts.errorText !== "" ? "error" : app.report ? "report" : wanted
     readonly property bool busy: shown !== ""
@@ -30,7 +31,7 @@ FocusScope {
         sourceComponent: root.shown === "missing" ? missing : root.shown === "setup" ? setup : root.shown === "error" ? error
             : root.shown === "report" ? report : root.shown === "menu" ? menu : root.shown === "about" ? about
             : root.shown === "folder" ? folder : root.shown === "remove" ? remove : root.shown === "rename" ? rename
-            : root.shown === "emulator" ? emulatorSheet : null
+            : root.shown === "emulator" ? emulatorSheet : root.shown === "files" ? files : null
         onLoaded: (item as Item).forceActiveFocus()
     }
     Component {
@@ -110,6 +111,19 @@ FocusScope {
             onChosen: path => {
                 root.wanted = ""
                 root.library.addFolder(path)
+            }
+        }
+    }
+    Component {
+        id: files
+        FolderPicker {
+            files: true
+            what: root.bios.label
+            folders: root.folders
+            onClosed: root.wanted = ""
+            onFilesChosen: paths => {
+                root.wanted = ""
+                root.bios.install(paths)
             }
         }
     }

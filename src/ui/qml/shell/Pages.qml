@@ -12,9 +12,11 @@ FocusScope {
     required property GameFacts openGame
     required property EmulatorFacts gameEmulator
     required property LibraryAlerts alerts
+    required property BiosFacts bios
     readonly property bool gameShown: app.detailGame !== "" && openGame.exists
     signal folderWanted
     signal emulatorWanted(string emulatorID)
+    signal filesWanted
     signal removalWanted
     signal renameWanted
 
@@ -25,7 +27,7 @@ FocusScope {
             { name: "games", page: "../games/GamesPage.qml",
               parts: { app: root.app, keeper: root.keeper, lists: root.lists } },
             { name: "consoles", page: "../consoles/ConsolesPage.qml",
-              parts: { app: root.app, library: root.library, keeper: root.keeper, lists: root.lists } },
+              parts: { app: root.app, library: root.library, keeper: root.keeper, lists: root.lists, bios: root.bios } },
             { name: "essentials", page: "LaterPage.qml", parts: { title: "Essentials", icon: "tools",
               text: "Installing and updating emulators from here comes with a later version. Emulators that are installed on this computer are found by themselves." } },
             { name: "profile", page: "LaterPage.qml", parts: { title: "Profile", icon: "profile",
@@ -41,6 +43,7 @@ FocusScope {
             parts: modelData.parts
             covered: root.gameShown
             onFolderWanted: root.folderWanted()
+            onFilesWanted: root.filesWanted()
             onEmulatorWanted: emulatorID => root.emulatorWanted(emulatorID)
         }
     }
