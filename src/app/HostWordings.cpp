@@ -37,6 +37,12 @@ QString hostWording(const QString &text, Host host)
          u"Click “+”, API “SDLController”, click Refresh, then pick your controller by its name."_s},
         {u"Cemu: Options → Input settings → “Wii U GamePad”, “+”, API “SDLController”, pick “Controller”, then Save."_s,
          u"Cemu: Options → Input settings → “Wii U GamePad”, “+”, API “SDLController”, pick your controller, then Save."_s},
+        {u"macOS blocked the screenshot: allow Velko in Privacy & Security → Screen Recording."_s,
+         u"The desktop gave no picture of the game. Screenshots need X11, or XWayland under Wayland."_s},
+        {u"Allow Velko in System Settings → Privacy & Security → Accessibility, then try again."_s,
+         u"Velko can't reach the menus of other programs here. Install the package at-spi2-core, log in again, then try again."_s},
+        {u"Allow Velko in Accessibility to load your save state automatically."_s,
+         u"Install the package at-spi2-core and log in again, so that Velko can load your save state automatically."_s},
     };
     return host == Host::linux ? linuxWordings.value(text, text) : text;
 }

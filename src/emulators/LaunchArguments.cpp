@@ -70,6 +70,21 @@ QStringList stateArguments(const QString &emulatorID, const QString &state)
     return {};
 }
 
+/// The file itself, where it can be named: a slot may hold another state by now.
+QStringList linuxStateArguments(const QString &emulatorID, const QString &state)
+{
+    if (state.isEmpty()) return {};
+    if (emulatorID == "pcsx2"_L1 || emulatorID == "duckstation"_L1) return {u"-statefile"_s, state};
+    if (emulatorID == "ppsspp"_L1) return {u"--state="_s + state};
+    return stateArguments(emulatorID, state);
+}
+
+/// xemu's monitor, in the words of QEMU, for which a comma ends the path.
+QStringList monitorArguments(const QString &socket)
+{
+    return {u"-qmp"_s, u"unix:"_s + QString(socket).replace(u","_s, u",,"_s) + u",server,nowait"_s};
+}
+
 QStringList dolphinArguments(const LaunchRequest &request, const QString &state, const LaunchFacts &facts)
 {
     const GameSettings &settings = request.settings;
@@ -153,8 +168,8 @@ QStringList linuxArguments(const LaunchRequest &request, const QString &emulator
     if (emulatorID == "retroarch"_L1) return retroArchArguments(request, state, facts);
 
     QStringList arguments = wantsFullScreen(request) ? fullScreenArguments(emulatorID) : windowArguments(emulatorID);
-    arguments += stateArguments(emulatorID, state);
-    if (emulatorID == "ppsspp"_L1 && !state.isEmpty()) arguments += u"--state="_s + state;
+    arguments += linuxStateArguments(emulatorID, state);
+    if (emulatorID == "xemu"_L1 && !facts.xemuSocket.isEmpty()) arguments += monitorArguments(facts.xemuSocket);
     if (request.settings.showFPS) arguments += counterArguments(emulatorID);
     const EmulatorDef *def = emulatorWithID(emulatorID, Host::linux);
     if (def) arguments += def->args.value_or(QStringList());

@@ -1,6 +1,7 @@
 #include "emulators/LaunchPlan.h"
 
 #include "catalog/EmulatorDef.h"
+#include "emulators/CommandChannel.h"
 #include "emulators/FlatpakAccess.h"
 #include "emulators/LaunchArguments.h"
 #include "emulators/RetroArchConfig.h"
@@ -83,7 +84,7 @@ void prepareLinux(LaunchPlan &plan, const LaunchRequest &request, const Installe
     if (id == "cemu"_L1) plan.programsToEnd = emulatorWithID(id, Host::linux)->programs;
     if (id == "retroarch"_L1) {
         plan.configFile = facts.retroArchConfig;
-        plan.configText = retroArchConfig(request.settings);
+        plan.configText = retroArchConfig(request.settings, retroArchPort(request.path));
         if (facts.stateExists) {
             plan.stateToCopy = request.statePath.value_or(QString());
             plan.stateCopy = retroArchEntryState(plan.stateToCopy);

@@ -21,6 +21,7 @@ struct LaunchFacts {
     bool slotBesideGame = false; ///< `mgbaSlotOf` the game is there
     QString core; ///< RetroArch: the core's file
     QString retroArchConfig; ///< RetroArch: where the file of our own settings lies
+    QString xemuSocket; ///< xemu: where it takes commands; empty: it takes none
     QString openEmuCopy; ///< OpenEmu: the game in its own library; empty: not there
 };
 

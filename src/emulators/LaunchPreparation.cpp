@@ -1,5 +1,6 @@
 #include "emulators/LaunchPreparation.h"
 
+#include "emulators/CommandChannel.h"
 #include "emulators/OpenEmuLibrary.h"
 #include "emulators/SessionLog.h"
 #include "platform/ProcessControl.h"
@@ -46,6 +47,15 @@ static Result<ReadyEmulator> chooseFor(const Console &console, const LaunchInput
     return noEmulatorFor(console, asks ? finder.find(*retroArch, input.choices) : std::nullopt, places);
 }
 
+/// xemu makes the socket, but not its folder.
+static QString socketFor(const InstalledEmulator &xemu, const QString &gamePath, const Places &places)
+{
+    const QString flatpakID = xemu.kind == ApplicationKind::flatpak ? xemu.applicationID : QString();
+    const QString socket = xemuSocket(gamePath, places.runtime, flatpakID);
+    QDir().mkpath(QFileInfo(socket).path());
+    return socket;
+}
+
 static Result<LaunchPlan> planOf(const Console &console, const LaunchInput &input, const Places &places,
                                  const EmulatorFinder &finder)
 {
@@ -62,6 +72,7 @@ static Result<LaunchPlan> planOf(const Console &console, const LaunchInput &inpu
     }
     if (const auto refusal = emulatorRefusal(emulator, input.request.path, places)) return *refusal;
     facts.core = ready.value().core;
+    if (emulator.emulatorID == "xemu"_L1) facts.xemuSocket = socketFor(emulator, input.request.path, places);
     if (emulator.emulatorID == "openemu"_L1) facts.openEmuCopy = openEmuCopyOf(input.request.path, places.home);
     return planEmulator(input.request, emulator, facts);
 }

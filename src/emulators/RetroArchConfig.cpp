@@ -5,16 +5,18 @@
 
 using namespace Qt::StringLiterals;
 
-QByteArray retroArchConfig(const GameSettings &settings)
+QByteArray retroArchConfig(const GameSettings &settings, quint16 port)
 {
     QByteArray text = "network_cmd_enable = \"true\"\n"
-                      "network_cmd_port = \"55355\"\n"
-                      "pause_nonactive = \"false\"\n"
-                      "config_save_on_exit = \"false\"\n"
-                      "quit_press_twice = \"false\"\n"
-                      "savestate_auto_index = \"false\"\n"
-                      // The slot that the command line can load again.
-                      "state_slot = \"1\"\n";
+                      "network_cmd_port = \""
+        + QByteArray::number(port)
+        + "\"\n"
+          "pause_nonactive = \"false\"\n"
+          "config_save_on_exit = \"false\"\n"
+          "quit_press_twice = \"false\"\n"
+          "savestate_auto_index = \"false\"\n"
+          // The slot that the command line can load again.
+          "state_slot = \"1\"\n";
     if (settings.fullScreen == false) text += "video_fullscreen = \"false\"\n";
     if (settings.showFPS) text += "fps_show = \"true\"\n";
     return text;

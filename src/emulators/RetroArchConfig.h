@@ -5,8 +5,9 @@
 #include <QByteArray>
 #include <QString>
 
-/// Our settings for one run of RetroArch, appended to the user's own, which they never change.
-QByteArray retroArchConfig(const GameSettings &settings);
+/// Our settings for one run of RetroArch, appended to the user's own, which they never change. It takes commands at
+/// that port.
+QByteArray retroArchConfig(const GameSettings &settings, quint16 port);
 
 /// The slot of a state, which is the number at the end of its name ("game.state3"). The command line can name no slot
 /// 0, so a state without a number counts as slot 1.

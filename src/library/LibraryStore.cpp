@@ -104,6 +104,20 @@ void LibraryStore::setSettings(const QString &id, const GameSettings &settings)
     edit(id, [&](GameEntry &game) { game.settings = settings; });
 }
 
+void LibraryStore::stateSaved(const QString &id, const QString &path)
+{
+    edit(id, [&](GameEntry &game) {
+        game.stateSavedAt = ReferenceDate::from(m_clock.now());
+        game.statePath = path;
+    });
+}
+
+bool LibraryStore::resumes(const QString &id) const
+{
+    return std::any_of(m_programs.begin(), m_programs.end(),
+                       [&id](const RunningProgram &program) { return program.gameID == id && program.resumes; });
+}
+
 /// Answers how many were new.
 int LibraryStore::append(const QList<GameEntry> &games)
 {
@@ -309,7 +323,8 @@ void LibraryStore::fail(const QString &id, const Message &why)
 
 void LibraryStore::programStarted(const GameLaunch::Order &order, const StartedGame &program)
 {
-    m_programs.insert(program.pid, {order.gameID, order.request.title, program.logFile, false});
+    m_programs.insert(program.pid,
+                      {order.gameID, order.request.title, program.logFile, order.request.statePath.has_value(), false});
     m_sessions.start(order.gameID, program.pid);
     m_running.insert(order.gameID);
     const auto endedEarly = std::exchange(m_endedEarly, {});

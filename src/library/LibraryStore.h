@@ -52,6 +52,7 @@ public:
 
     std::optional<Message> lastError() const { return m_lastError; }
     const QSet<QString> &running() const { return m_running; }
+    bool resumes(const QString &id) const; ///< it runs, and was started to go on from a save state
     QStringList romFolders() const { return m_romFolders; }
     bool scanning() const { return m_scan.running(); }
     int scannedFiles() const { return m_scan.examined(); } ///< entries looked at so far by the scan under way
@@ -77,6 +78,7 @@ public:
     Q_INVOKABLE void setFavorite(const QString &id, bool favorite);
     void setStatus(const QString &id, std::optional<GameStatus> status);
     void setSettings(const QString &id, const GameSettings &settings);
+    void stateSaved(const QString &id, const QString &path); ///< just now, into that file
 
     Q_INVOKABLE void addFolder(const QString &folder); ///< remembered in `romFolders` and scanned
     void addFolders(const QStringList &folders);
@@ -125,6 +127,7 @@ private:
         QString gameID;
         QString title;
         QString logFile;
+        bool resumes = false; ///< started to go on from a save state
         bool endExpected = false;
     };
 

@@ -1,5 +1,6 @@
 #include "emulators/LaunchPlan.h"
 #include "catalog/EmulatorDef.h"
+#include "emulators/CommandChannel.h"
 #include "emulators/FlatpakAccess.h"
 #include "emulators/QualityValue.h"
 #include "emulators/RetroArchConfig.h"
@@ -137,7 +138,7 @@ INSTANTIATE_TEST_SUITE_P(
         ArgumentRow{"mgba", "slot+two", "-f -t SLOT PATH"}, ArgumentRow{"mgba", "window", "PATH"},
         ArgumentRow{"mgba", "fps", "-f -C showFps=1 PATH"},
         ArgumentRow{"duckstation", "two", "-fullscreen -batch -- PATH"},
-        ArgumentRow{"duckstation", "state", "-fullscreen -state 1 -batch -- PATH"},
+        ArgumentRow{"duckstation", "state", "-fullscreen -statefile STATE -batch -- PATH"},
         ArgumentRow{"pcsx2", "", "-fullscreen -batch -- PATH"},
         ArgumentRow{"pcsx2", "window+fps", "-nofullscreen -batch -- PATH"},
         ArgumentRow{"flycast", "", "-config window:fullscreen=yes,config:rend.Resolution=960 PATH"},
@@ -354,16 +355,36 @@ TEST(QualityValue, isWhatTheEmulatorCounts)
     EXPECT_EQ(defaultQuality(u"Maximum"_s), QualityPreset::medium);
 }
 
+TEST(LaunchPlan, emulatorsTakeCommandsWhereTheirGameIsKnown)
+{
+    LaunchFacts xemu = facts(Host::linux);
+    xemu.xemuSocket = xemuSocket(game, u"/run/user/1,2"_s, {});
+    const QStringList command = planEmulator(request(), copyOf(u"xemu"_s, ApplicationKind::native), xemu).command;
+    const QString name = u"/xemu-"_s + xemu.xemuSocket.section(u"/xemu-"_s, 1);
+    EXPECT_EQ(command.value(command.indexOf(u"-qmp"_s) + 1),
+              u"unix:/run/user/1,,2/velko"_s + name + u",server,nowait"_s);
+    EXPECT_TRUE(xemuSocket(game, u"/run"_s, u"app.xemu.xemu"_s).startsWith(u"/run/app/app.xemu.xemu/"_s));
+    EXPECT_NE(xemuSocket(game, u"/run"_s, {}), xemuSocket(u"/other"_s, u"/run"_s, {}));
+
+    const quint16 port = retroArchPort(game);
+    EXPECT_TRUE(port >= 20000 && port < 30000 && port != retroArchPort(u"/other"_s));
+    EXPECT_TRUE(retroArchConfig({}, port).contains("network_cmd_port = \"" + QByteArray::number(port) + "\"\n"));
+
+    EXPECT_EQ(pcsx2Socket("[EmuCore]\nPINESlot = 28011\n", u"/run"_s), u"/run/pcsx2.sock"_s);
+    EXPECT_EQ(pcsx2Socket("[EmuCore]\nPINESlot = 28012\n", u"/run"_s), u"/run/pcsx2.sock.28012"_s);
+    EXPECT_EQ(pcsx2Socket({}, u"/run"_s), u"/run/pcsx2.sock"_s);
+}
+
 TEST(RetroArchConfig, saysOnlyWhatTheGameAsksFor)
 {
     GameSettings settings;
-    EXPECT_TRUE(retroArchConfig(settings).contains("config_save_on_exit = \"false\"\n"));
-    EXPECT_FALSE(retroArchConfig(settings).contains("video_fullscreen"));
-    EXPECT_FALSE(retroArchConfig(settings).contains("fps_show"));
+    EXPECT_TRUE(retroArchConfig(settings, 20001).contains("config_save_on_exit = \"false\"\n"));
+    EXPECT_FALSE(retroArchConfig(settings, 20001).contains("video_fullscreen"));
+    EXPECT_FALSE(retroArchConfig(settings, 20001).contains("fps_show"));
     settings.fullScreen = false;
     settings.showFPS = true;
-    EXPECT_TRUE(retroArchConfig(settings).contains("video_fullscreen = \"false\"\n"));
-    EXPECT_TRUE(retroArchConfig(settings).contains("fps_show = \"true\"\n"));
+    EXPECT_TRUE(retroArchConfig(settings, 20001).contains("video_fullscreen = \"false\"\n"));
+    EXPECT_TRUE(retroArchConfig(settings, 20001).contains("fps_show = \"true\"\n"));
 }
 
 TEST(RetroArchConfig, resumesFromTheEntryBesideTheState)

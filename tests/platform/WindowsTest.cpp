@@ -198,7 +198,7 @@ TEST(LinuxWindows, outlivesTheServer)
     screen.server.kill();
     screen.real->move(window, {0, 0, 100, 100});
     EXPECT_TRUE(waitUntil([&] { return !screen.real->isAvailable(); }));
-    EXPECT_EQ(screen.real->displays(), QList<Display>());
+    EXPECT_EQ(screen.real->displays(), QList<Monitor>());
     EXPECT_EQ(screen.real->windowsOf({screen.pid()}), QList<AppWindow>());
     EXPECT_EQ(screen.real->activeWindow(), std::nullopt);
     for (int round = 0; round < 3; ++round) {

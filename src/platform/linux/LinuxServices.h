@@ -3,10 +3,12 @@
 #include "platform/Clock.h"
 #include "platform/FileIndex.h"
 #include "platform/Gamepads.h"
+#include "platform/LocalSockets.h"
 #include "platform/Places.h"
 #include "platform/ProcessControl.h"
 #include "platform/RequestChannel.h"
 #include "platform/Tasks.h"
+#include "platform/Trash.h"
 #include "platform/Windows.h"
 #include "platform/Workspace.h"
 
@@ -35,6 +37,11 @@ std::unique_ptr<FileIndex> makeFileIndex(const Places &places, const QString &da
 /// lost, too.
 std::unique_ptr<RequestChannel> makeRequestChannel(const Places &places,
                                                    std::chrono::milliseconds patience = std::chrono::seconds(10));
+
+/// The trash of the desktop, on the disk of the file.
+std::unique_ptr<Trash> makeTrash();
+
+std::unique_ptr<LocalSockets> makeLocalSockets();
 
 /// On X11, or on XWayland for what runs through it. Connects at once, in a millisecond; `display` is one other than
 /// that of the environment.

@@ -11,7 +11,7 @@ public:
     explicit LinuxWindows(const QByteArray &display);
 
     bool isAvailable() const override { return m_connection->isAlive(); }
-    QList<Display> displays() const override;
+    QList<Monitor> displays() const override;
     QList<AppWindow> windowsOf(const QList<qint64> &pids) const override;
     std::optional<AppWindow> activeWindow() const override;
     void move(quint64 window, const QRect &place) override;
@@ -32,7 +32,7 @@ private:
 
     const std::unique_ptr<XConnection> m_connection;
     const XWindowReader m_reader;
-    QList<Display> m_known; ///< displays when they were last announced
+    QList<Monitor> m_known; ///< displays when they were last announced
     bool m_looksAtDisplays = false; ///< about to
     std::optional<QList<quint32>> m_supported; ///< by the present window manager; absent: not asked yet
 };
@@ -58,9 +58,9 @@ LinuxWindows::LinuxWindows(const QByteArray &display)
     m_connection->onEvent = [this](const xcb_generic_event_t &event) { notice(event); };
 }
 
-QList<Display> LinuxWindows::displays() const
+QList<Monitor> LinuxWindows::displays() const
 {
-    QList<Display> all;
+    QList<Monitor> all;
     for (const XDisplay &each : displaysOf(*m_connection))
         all += each.display;
     return all;
@@ -168,7 +168,7 @@ void LinuxWindows::noticeProperty(xcb_atom_t property)
 void LinuxWindows::lookAtDisplays()
 {
     m_looksAtDisplays = false;
-    QList<Display> now = displays();
+    QList<Monitor> now = displays();
     if (now == m_known) return;
     m_known = std::move(now);
     emit displaysChanged();

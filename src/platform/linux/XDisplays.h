@@ -5,7 +5,7 @@
 
 /// A display and its number in the server's own order, by which window managers know it.
 struct XDisplay {
-    Display display;
+    Monitor display;
     int number = 0;
     bool operator==(const XDisplay &) const = default;
 };
