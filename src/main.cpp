@@ -7,6 +7,7 @@
 #include "app/PreferenceMigration.h"
 #include "app/Translator.h"
 #include "emulators/BiosFiles.h"
+#include "emulators/EmulatorChanges.h"
 #include "emulators/EmulatorFinder.h"
 #include "emulators/EmulatorLauncher.h"
 #include "emulators/InstalledEmulators.h"
@@ -15,6 +16,7 @@
 #include "platform/RequestChannel.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/QuitSignals.h"
+#include "play/ControllerInput.h"
 #include "ui/Fonts.h"
 #include "ui/VelkoWindow.h"
 
@@ -78,13 +80,17 @@ public:
           m_translator(chooseLanguage(preferences.get(preference::appLanguage), QLocale::system().uiLanguages()),
                        places.host),
           m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
-          m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators,
+          m_changes(places, *m_clock, *m_tasks, *m_processes),
+          m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators, m_changes,
                      [this] { return session(); }),
           m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
           m_bios(places, m_emulators, preferences, *m_workspace, *m_tasks),
           m_commands(places, m_library, m_emulators.finder(), preferences, m_bios, *m_tasks, m_translator)
     {
         m_state.setProperty("language", code(m_translator.language()));
+        connectController();
+        // Without a window, controllers matter once there is a game; the start of it does not wait for them.
+        QObject::connect(&m_library, &LibraryStore::gameStarted, &m_controller, [this] { m_gamepads->start(); });
         QObject::connect(
             &channel, &RequestChannel::requested, &m_commands,
             [this](const Request &request, const std::shared_ptr<Reply> &reply) { serve(request, reply); });
@@ -107,12 +113,37 @@ private:
         const auto command = parseCommandLine(request.arguments);
         if (!command) {
             reply->printError(m_translator.message(command.failure()) + u'\n');
-            reply->finish(wrongUsage);
-        } else if (isForWindow(command.value())) {
+            return reply->finish(wrongUsage);
+        }
+        const QString pad = command.value().virtualPad;
+        const auto attached =
+            pad.isEmpty() ? Result<void>() : m_gamepads->attachVirtual(QDir(request.workingFolder).filePath(pad));
+        if (!attached) {
+            reply->printError(m_translator.message(attached.failure()) + u'\n');
+            return reply->finish(1);
+        }
+        if (isForWindow(command.value())) {
             showWindow(command.value(), *reply);
         } else {
             m_commands.run(command.value(), request.workingFolder, reply);
         }
+    }
+
+    /// The surfaces put their own callbacks in; here is what all of them share.
+    void connectController()
+    {
+        m_controller.isActive = [] { return QGuiApplication::focusWindow() != nullptr; };
+        m_controller.activate = [this] {
+            if (m_window) m_window->raise();
+        };
+        m_controller.hidePointer = [this] {
+            if (m_window) m_window->hidePointer();
+        };
+        m_controller.onCancelLaunch = [this] {
+            const bool launching = m_library.launching().has_value();
+            m_library.cancelLaunch();
+            return launching;
+        };
     }
 
     void showWindow(const Command &command, Reply &reply)
@@ -133,8 +164,9 @@ private:
 
     bool buildWindow()
     {
-        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_emulators, m_bios, m_preferences,
-                                                             m_translator, *m_clock, *m_tasks, *m_workspace, m_places});
+        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_emulators, m_bios, m_changes,
+                                                             m_preferences, m_translator, *m_clock, *m_tasks,
+                                                             *m_workspace, m_places, m_controller});
         if (!m_window->load()) {
             m_window.reset();
             return false;
@@ -147,6 +179,7 @@ private:
             window, &QQuickWindow::frameSwapped, &m_emulators,
             [this] {
                 m_emulators.refresh();
+                m_gamepads->start();
                 if (qEnvironmentVariableIsSet("VELKO_FIRST_FRAME")) write(stdout, u"first frame\n"_s);
             },
             Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
@@ -181,15 +214,18 @@ private:
     const std::unique_ptr<Workspace> m_workspace = makeWorkspace(m_places);
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
+    const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
     const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes
     Preferences &m_preferences;
     Translator m_translator;
     AppState m_state;
     InstalledEmulators m_emulators;
+    EmulatorChanges m_changes;
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
     BiosFiles m_bios;
     CommandRunner m_commands;
+    ControllerInput m_controller{*m_gamepads, *m_clock};
     std::unique_ptr<VelkoWindow> m_window;
     int m_exitStatus = 0;
 };

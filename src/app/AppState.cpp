@@ -17,3 +17,9 @@ void AppState::setTabName(const QString &tab)
         if (name(candidate) == tab) return setTab(candidate);
     }
 }
+
+void AppState::stepTab(int by)
+{
+    const auto place = appTabs().indexOf(m_tab) + by;
+    if (place >= 0 && place < appTabs().size()) setTab(appTabs()[place]);
+}

@@ -27,6 +27,7 @@ public:
     void setTab(AppTab tab); ///< closes an open game or console page of the tab that is left
     QString tabName() const { return name(m_tab); }
     void setTabName(const QString &tab); ///< ignored when it names no tab
+    Q_INVOKABLE void stepTab(int by); ///< to a neighbour; stays at the ends
 
 signals:
     void tabChanged();

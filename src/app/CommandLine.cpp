@@ -54,13 +54,43 @@ static Result<Command> parse(const Form &form, const QStringList &rest)
     return command;
 }
 
-Result<Command> parseCommandLine(const QStringList &arguments)
+/// Takes "--virtual-pad PIPE" out of the arguments, wherever it stands before "--". Empty: it is not there.
+static Result<QString> takeVirtualPad(QStringList &arguments)
+{
+    const auto place = arguments.indexOf(u"--virtual-pad"_s);
+    const auto end = arguments.indexOf(u"--"_s);
+    if (place < 0 || (end >= 0 && end < place)) return QString();
+    const QString pipe = arguments.value(place + 1);
+    if (pipe.isEmpty()) return Message{u"Which pipe? Give its path: --virtual-pad PIPE"_s, {}};
+    arguments.remove(place, 2);
+    return pipe;
+}
+
+static bool playsWithController(Command::Kind kind)
+{
+    return kind == Command::Kind::openWindow || kind == Command::Kind::openBigPicture || kind == Command::Kind::play;
+}
+
+static Result<Command> parseWords(const QStringList &arguments)
 {
     if (arguments.isEmpty()) return Command{};
     for (const Form &form : forms) {
         if (arguments.first() == QStringView(form.word)) return parse(form, arguments.mid(1));
     }
     return Message{u"Velko doesn't know “%@”. “velko --help” shows what it can do."_s, {arguments.first()}};
+}
+
+Result<Command> parseCommandLine(const QStringList &given)
+{
+    QStringList arguments = given;
+    const auto pipe = takeVirtualPad(arguments);
+    if (!pipe) return pipe.failure();
+    auto command = parseWords(arguments);
+    if (!command || pipe.value().isEmpty()) return command;
+    if (!playsWithController(command.value().kind))
+        return Message{u"“velko %@” has no option “%@”."_s, {arguments.first(), u"--virtual-pad"_s}};
+    command.value().virtualPad = pipe.value();
+    return command;
 }
 
 QString usage()
@@ -74,6 +104,9 @@ velko play GAME           start a game, by its title or identifier; returns when
 velko emulators [--json]  the emulators that are installed
 velko bios FILE…          put system files where their consoles' emulators look for them
 velko doctor              what is found and what is missing, with remedies
+
+--virtual-pad PIPE        with the window or with play: a controller without hardware. It does what the lines say that
+                          are written to this named pipe: “press A”, “hold View”, “release View”, “unplug”, “plug”
 
 Exit status: 0 it worked, 1 it failed, 2 wrong usage.
 )"_s;

@@ -10,6 +10,7 @@ struct Command {
     Kind kind = Kind::openWindow;
     QStringList operands; ///< files, folders, or the game
     bool json = false;
+    QString virtualPad; ///< the named pipe that drives a controller without hardware; empty: none
     bool operator==(const Command &) const = default;
 };
 

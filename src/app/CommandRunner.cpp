@@ -205,6 +205,9 @@ void CommandRunner::play(const QString &word, const Answer &reply)
     connect(&m_library, &LibraryStore::missingFileChanged, watch, [this, id, title, failed] {
         if (m_library.missingFile() == id) failed(missingFileMessage(title));
     });
+    connect(&m_library, &LibraryStore::lastErrorChanged, watch, [this, reply] {
+        if (m_library.lastError()) reply->printError(m_translator.message(*m_library.lastError()) + u'\n');
+    });
     connect(&m_library, &LibraryStore::launchCancelled, watch, [id, failed](const QString &game) {
         if (game == id) failed({u"The launch was cancelled."_s, {}});
     });
@@ -217,7 +220,7 @@ void CommandRunner::play(const QString &word, const Answer &reply)
                 watch->deleteLater();
                 reply->finish(0);
             });
-    m_library.launch(id);
+    m_library.launchWithoutAsking(id);
 }
 
 void CommandRunner::emulators(bool json, const Answer &reply)

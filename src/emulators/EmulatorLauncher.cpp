@@ -1,5 +1,7 @@
 #include "emulators/EmulatorLauncher.h"
 
+#include "emulators/ControllerClass.h"
+#include "emulators/EmulatorChanges.h"
 #include "emulators/InstalledEmulators.h"
 #include "emulators/QualityValue.h"
 #include "platform/Preferences.h"
@@ -12,12 +14,12 @@ using namespace std::chrono_literals;
 static constexpr auto lookEvery = 100ms;
 static constexpr auto giveUpAfter = 5s;
 
-EmulatorLauncher::EmulatorLauncher(const Places &places, const Preferences &preferences, Workspace &workspace,
+EmulatorLauncher::EmulatorLauncher(const Places &places, Preferences &preferences, Workspace &workspace,
                                    ProcessControl &processes, Clock &clock, Tasks &tasks,
-                                   const InstalledEmulators &emulators, std::function<Session()> session,
-                                   QObject *parent)
+                                   const InstalledEmulators &emulators, EmulatorChanges &changes,
+                                   std::function<Session()> session, QObject *parent)
     : QObject(parent), m_places(places), m_preferences(preferences), m_workspace(workspace), m_processes(processes),
-      m_clock(clock), m_tasks(tasks), m_emulators(emulators), m_session(std::move(session))
+      m_clock(clock), m_tasks(tasks), m_emulators(emulators), m_changes(changes), m_session(std::move(session))
 { }
 
 void EmulatorLauncher::launch(const LaunchRequest &request, Done done)
@@ -27,14 +29,29 @@ void EmulatorLauncher::launch(const LaunchRequest &request, Done done)
                             .choices = emulatorChoices(m_preferences, m_places.host),
                             .session = m_session(),
                             .quality = defaultQuality(m_preferences.get(preference::defaultQuality)),
+                            .mapsControllers = !m_preferences.contains(preference::autoXboxSetup)
+                                || m_preferences.get(preference::autoXboxSetup),
+                            .vblankRaised = m_preferences.get(preference::rpcs3VblankRaised),
                             .now = m_clock.now()};
     const auto prepare = [input, places = m_places, finder = m_emulators.finder(), &processes = m_processes] {
         return prepareLaunch(input, places, finder, processes);
     };
-    m_tasks.run(this, prepare, [this, done = std::move(done)](Result<PreparedLaunch> prepared) {
+    m_tasks.run(this, prepare, [this, done = std::move(done)](Result<PreparedLaunch, LaunchRefusal> prepared) {
         if (!prepared) return done(prepared.failure());
         endRunning(std::move(prepared.value()), done);
     });
+}
+
+QString EmulatorLauncher::controllerToSetUp(const LaunchRequest &request) const
+{
+    const Console *console = consoleWithID(request.consoleID, m_places.host);
+    if (!console || opensItself(request.path, *console, m_places.host) || m_session().controllers.isEmpty()) return {};
+    const auto emulator = m_emulators.forConsole(request.consoleID);
+    if (!emulator || controllerClass(emulator->emulatorID) != ControllerClass::manual) return {};
+    const QString &id = emulator->emulatorID;
+    const bool settled = m_preferences.get(preference::controllerConfigured(id))
+        || m_preferences.get(preference::hideControllerNotice(id));
+    return settled ? QString() : id;
 }
 
 void EmulatorLauncher::endRunning(PreparedLaunch launch, Done done)
@@ -55,16 +72,31 @@ void EmulatorLauncher::lookAgain(std::list<Waiting>::iterator waiting)
     }
     const Waiting over = std::move(*waiting);
     m_waiting.erase(waiting);
-    if (ended) return start(over.launch, over.done);
+    if (ended) return setUp(over.launch, over.done);
     const EmulatorDef *def = emulatorWithID(over.launch.plan.engine, m_places.host);
     over.done(Message{u"%@ is still running and doesn't close. Quit it, then play again."_s,
                       {def ? def->name : over.launch.plan.engine}});
 }
 
-void EmulatorLauncher::start(const PreparedLaunch &launch, const Done &done)
+void EmulatorLauncher::setUp(const PreparedLaunch &launch, const Done &done)
+{
+    if (!launch.setUp) return start(launch, {}, done);
+    SetUpOrder order = *launch.setUp;
+    order.journal = m_changes.journal();
+    m_tasks.run(
+        this, [order, &processes = m_processes] { return setUpEmulator(order, processes); },
+        [this, launch, done](const SetUpOutcome &outcome) {
+            m_changes.record(outcome.update);
+            if (outcome.vblankRate)
+                m_preferences.set(preference::rpcs3VblankRaised, *outcome.vblankRate != usualVblankRate);
+            start(launch, outcome.failures, done);
+        });
+}
+
+void EmulatorLauncher::start(const PreparedLaunch &launch, const QList<Message> &shortcomings, const Done &done)
 {
     const LaunchPlan &plan = launch.plan;
     const auto pid = m_workspace.start({plan.command, plan.environment, plan.workingFolder, launch.logFile});
     if (!pid) return done(pid.failure());
-    done(StartedGame{pid.value(), plan.applicationID, plan.engine, launch.logFile});
+    done(StartedGame{pid.value(), plan.applicationID, plan.engine, launch.logFile, shortcomings});
 }

@@ -7,6 +7,7 @@
 #include <QObject>
 #include <list>
 
+class EmulatorChanges;
 class InstalledEmulators;
 class Tasks;
 
@@ -16,12 +17,13 @@ class Tasks;
 class EmulatorLauncher : public QObject, public GameLauncher {
     Q_OBJECT
 public:
-    EmulatorLauncher(const Places &places, const Preferences &preferences, Workspace &workspace,
-                     ProcessControl &processes, Clock &clock, Tasks &tasks, const InstalledEmulators &emulators,
+    EmulatorLauncher(const Places &places, Preferences &preferences, Workspace &workspace, ProcessControl &processes,
+                     Clock &clock, Tasks &tasks, const InstalledEmulators &emulators, EmulatorChanges &changes,
                      std::function<Session()> session, QObject *parent = nullptr);
 
-    using Done = std::function<void(Result<StartedGame>)>;
+    using Done = std::function<void(LaunchResult)>;
     void launch(const LaunchRequest &request, Done done) override;
+    QString controllerToSetUp(const LaunchRequest &request) const override;
 
 private:
     /// A launch that waits for running programs to end.
@@ -34,15 +36,17 @@ private:
 
     void endRunning(PreparedLaunch launch, Done done);
     void lookAgain(std::list<Waiting>::iterator waiting);
-    void start(const PreparedLaunch &launch, const Done &done);
+    void setUp(const PreparedLaunch &launch, const Done &done);
+    void start(const PreparedLaunch &launch, const QList<Message> &shortcomings, const Done &done);
 
     Places m_places;
-    const Preferences &m_preferences;
+    Preferences &m_preferences;
     Workspace &m_workspace;
     ProcessControl &m_processes;
     Clock &m_clock;
     Tasks &m_tasks;
     const InstalledEmulators &m_emulators;
+    EmulatorChanges &m_changes;
     std::function<Session()> m_session;
     std::list<Waiting> m_waiting;
 };

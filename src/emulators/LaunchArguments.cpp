@@ -106,6 +106,8 @@ QStringList flycastArguments(const LaunchRequest &request, const QString &state,
     QStringList settings{u"window:fullscreen="_s + (wantsFullScreen(request) ? u"yes"_s : u"no"_s),
                          u"config:rend.Resolution="_s + quality(request, u"flycast"_s, facts)};
     if (request.settings.showFPS) settings += u"config:rend.ShowFPS=yes"_s;
+    if (request.settings.widescreen)
+        settings += {u"config:rend.WideScreen=yes"_s, u"config:rend.WidescreenGameHacks=yes"_s};
     if (!state.isEmpty()) settings += {u"config:Dreamcast.AutoLoadState=yes"_s, u"config:Dreamcast.SavestateSlot=0"_s};
     return {u"-config"_s, settings.join(u','), request.path};
 }
@@ -138,7 +140,8 @@ QStringList counterArguments(const QString &emulatorID)
 
 bool showsOwnCounter(const QString &emulatorID)
 {
-    static const QStringList own{u"dolphin"_s, u"flycast"_s, u"mgba"_s, u"retroarch"_s, u"shadps4"_s};
+    static const QStringList own{u"dolphin"_s, u"flycast"_s,     u"mgba"_s,   u"retroarch"_s, u"shadps4"_s,
+                                 u"pcsx2"_s,   u"duckstation"_s, u"ppsspp"_s, u"rpcs3"_s,     u"cemu"_s};
     return own.contains(emulatorID);
 }
 

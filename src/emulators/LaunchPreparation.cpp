@@ -1,6 +1,7 @@
 #include "emulators/LaunchPreparation.h"
 
 #include "emulators/CommandChannel.h"
+#include "emulators/ControllerMapping.h"
 #include "emulators/OpenEmuLibrary.h"
 #include "emulators/SessionLog.h"
 #include "platform/ProcessControl.h"
@@ -37,14 +38,15 @@ static LaunchFacts factsOf(const LaunchInput &input, const Places &places)
     return facts;
 }
 
-static Result<ReadyEmulator> chooseFor(const Console &console, const LaunchInput &input, const Places &places,
-                                       const EmulatorFinder &finder)
+static Result<ReadyEmulator, LaunchRefusal> chooseFor(const Console &console, const LaunchInput &input,
+                                                      const Places &places, const EmulatorFinder &finder)
 {
     if (input.known) return *input.known;
     if (const auto ready = finder.readyFor(console, input.choices)) return *ready;
     const EmulatorDef *retroArch = emulatorWithID(u"retroarch"_s, places.host);
     const bool asks = retroArch && console.emulators.contains(retroArch->id);
-    return noEmulatorFor(console, asks ? finder.find(*retroArch, input.choices) : std::nullopt, places);
+    const auto found = asks ? finder.find(*retroArch, input.choices) : std::nullopt;
+    return LaunchRefusal(noEmulatorFor(console, found, places), found ? QString() : console.emulators.value(0));
 }
 
 /// xemu makes the socket, but not its folder.
@@ -56,8 +58,21 @@ static QString socketFor(const InstalledEmulator &xemu, const QString &gamePath,
     return socket;
 }
 
-static Result<LaunchPlan> planOf(const Console &console, const LaunchInput &input, const Places &places,
-                                 const EmulatorFinder &finder)
+static SetUpOrder orderOf(const InstalledEmulator &emulator, const LaunchInput &input, const Places &places)
+{
+    const LaunchRequest &request = input.request;
+    SetUpOrder order;
+    order.wish = {emulator.emulatorID, places.host,      emulatorFolders(emulator, places),
+                  request.path,        request.settings, request.settings.quality.value_or(input.quality)};
+    order.mapsController = input.mapsControllers && hasXboxController(input.session.controllers);
+    if (input.vblankRaised) order.vblankRate = usualVblankRate;
+    order.now = ReferenceDate::from(input.now);
+    return order;
+}
+
+/// `chosen`: the copy that was chosen; absent for a game that is itself a program.
+static Result<LaunchPlan, LaunchRefusal> planOf(const Console &console, const LaunchInput &input, const Places &places,
+                                                const EmulatorFinder &finder, std::optional<InstalledEmulator> &chosen)
 {
     LaunchFacts facts = factsOf(input, places);
     if (opensItself(input.request.path, console, places.host)) {
@@ -70,7 +85,9 @@ static Result<LaunchPlan> planOf(const Console &console, const LaunchInput &inpu
     if (places.host == Host::mac && emulator.emulatorID == "shadps4"_L1) {
         if (const auto refusal = shadPS4MacRefusal(input.session.mac)) return *refusal;
     }
-    if (const auto refusal = emulatorRefusal(emulator, input.request.path, places)) return *refusal;
+    if (const auto refusal = emulatorRefusal(emulator, input.request.path, places))
+        return LaunchRefusal(*refusal, emulator.emulatorID == "xemu"_L1 ? emulator.emulatorID : QString());
+    chosen = emulator;
     facts.core = ready.value().core;
     if (emulator.emulatorID == "xemu"_L1) facts.xemuSocket = socketFor(emulator, input.request.path, places);
     if (emulator.emulatorID == "openemu"_L1) facts.openEmuCopy = openEmuCopyOf(input.request.path, places.home);
@@ -101,8 +118,8 @@ static QList<qint64> runningNow(const QStringList &programs, const ProcessContro
     return pids;
 }
 
-Result<PreparedLaunch> prepareLaunch(const LaunchInput &input, const Places &places, const EmulatorFinder &finder,
-                                     const ProcessControl &processes)
+Result<PreparedLaunch, LaunchRefusal> prepareLaunch(const LaunchInput &input, const Places &places,
+                                                    const EmulatorFinder &finder, const ProcessControl &processes)
 {
     const LaunchRequest &request = input.request;
     if (!QFileInfo::exists(request.path)) return Message{u"File not found: %@"_s, {request.path}};
@@ -111,9 +128,14 @@ Result<PreparedLaunch> prepareLaunch(const LaunchInput &input, const Places &pla
         return Message{u"Velko doesn't know the console “%@” of this game. Remove the game and add it again."_s,
                        {request.consoleID}};
     }
-    const auto plan = planOf(*console, input, places, finder);
+    std::optional<InstalledEmulator> emulator;
+    const auto plan = planOf(*console, input, places, finder, emulator);
     if (!plan) return plan.failure();
+    PreparedLaunch launch{plan.value(),
+                          newSessionLog(places.logFolder(), plan.value().engine, input.now),
+                          runningNow(plan.value().programsToEnd, processes),
+                          {}};
     writeFiles(plan.value());
-    return PreparedLaunch{plan.value(), newSessionLog(places.logFolder(), plan.value().engine, input.now),
-                          runningNow(plan.value().programsToEnd, processes)};
+    if (emulator) launch.setUp = orderOf(*emulator, input, places);
+    return launch;
 }

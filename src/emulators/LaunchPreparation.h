@@ -2,6 +2,7 @@
 
 #include "base/Result.h"
 #include "emulators/EmulatorFinder.h"
+#include "emulators/EmulatorSetUp.h"
 #include "emulators/LaunchChecks.h"
 #include "emulators/LaunchPlan.h"
 
@@ -14,6 +15,7 @@ struct Session {
     int displays = 1;
     bool wayland = false; ///< a Wayland session that has XWayland
     MacFacts mac; ///< looked at on the Mac only
+    QStringList controllers; ///< names of those that are connected
 };
 
 /// A launch as the main thread hands it to the background.
@@ -23,6 +25,8 @@ struct LaunchInput {
     EmulatorChoices choices;
     Session session;
     QualityPreset quality = QualityPreset::medium; ///< of games that have none of their own
+    bool mapsControllers = true; ///< the user lets Velko map controllers in emulators
+    bool vblankRaised = false; ///< RPCS3 still draws at the rate of an earlier game's patch
     QDateTime now;
 };
 
@@ -31,12 +35,13 @@ struct PreparedLaunch {
     LaunchPlan plan;
     QString logFile;
     QList<qint64> running; ///< processes that must have ended before
+    std::optional<SetUpOrder> setUp; ///< of the emulator's own files, once those have ended
 };
 
 /// Everything up to the start: checks, the search for an emulator, the plan, and the files that it needs. A file that
 /// cannot be written does not stop the launch. Blocks: call it in the background.
-Result<PreparedLaunch> prepareLaunch(const LaunchInput &input, const Places &places, const EmulatorFinder &finder,
-                                     const ProcessControl &processes);
+Result<PreparedLaunch, LaunchRefusal> prepareLaunch(const LaunchInput &input, const Places &places,
+                                                    const EmulatorFinder &finder, const ProcessControl &processes);
 
 /// Whether a program of this name can be started. A look at the disk.
 bool isOnPath(const QString &program, const Places &places);

@@ -1,6 +1,7 @@
 #include "ui/InputMode.h"
 
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
@@ -17,11 +18,18 @@ void InputMode::set(const QString &name)
     emit changed();
 }
 
+void InputMode::asPad(const std::function<void()> &act)
+{
+    const QScopedValueRollback acting(m_padActs, true);
+    set(u"pad"_s);
+    act();
+}
+
 bool InputMode::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::KeyPress:
-        set(u"keyboard"_s);
+        set(m_padActs ? u"pad"_s : u"keyboard"_s);
         break;
     case QEvent::MouseButtonPress:
     case QEvent::Wheel:

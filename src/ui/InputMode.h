@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QPointF>
 #include <QString>
+#include <functional>
 #include <qqmlregistration.h>
 
 class QWindow;
@@ -19,6 +20,7 @@ public:
 
     QString name() const { return m_name; } ///< "pointer", "keyboard" or "pad"
     void set(const QString &name);
+    void asPad(const std::function<void()> &act); ///< the keys that `act` presses are the controller's
 
 signals:
     void changed();
@@ -29,4 +31,5 @@ protected:
 private:
     QString m_name = QStringLiteral("pointer");
     QPointF m_pointer{-1, -1};
+    bool m_padActs = false;
 };

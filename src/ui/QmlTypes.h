@@ -5,6 +5,7 @@
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
+#include "play/ControllerInput.h"
 
 #include <QQmlEngine>
 #include <QVariant>
@@ -36,6 +37,13 @@ struct PreferencesForQml {
     Q_GADGET
     QML_FOREIGN(Preferences)
     QML_NAMED_ELEMENT(Preferences)
+    QML_UNCREATABLE("created once, at start-up")
+};
+
+struct ControllerInputForQml {
+    Q_GADGET
+    QML_FOREIGN(ControllerInput)
+    QML_NAMED_ELEMENT(ControllerInput)
     QML_UNCREATABLE("created once, at start-up")
 };
 

@@ -18,8 +18,11 @@
 #include "ui/HomeFacts.h"
 #include "ui/IconImageProvider.h"
 #include "ui/InputMode.h"
+#include "ui/LaunchQuestions.h"
 #include "ui/LibraryAlerts.h"
 #include "ui/Notices.h"
+#include "ui/PadNavigation.h"
+#include "ui/PointerHider.h"
 #include "ui/QmlTypes.h"
 #include "ui/Renderer.h"
 #include "ui/ShadowImageProvider.h"
@@ -42,10 +45,12 @@ struct VelkoWindow::Content {
         : parts(given), sources{given.library, given.emulators, given.preferences, given.translator,
                                 given.clock,   given.tasks,     given.workspace,   given.places.host},
           opener(given.places, given.workspace), home(sources), openGame(sources),
-          gameEmulator(given.emulators, given.preferences, opener, given.translator, given.places),
-          shownEmulator(given.emulators, given.preferences, opener, given.translator, given.places),
-          bios(given.bios, given.emulators, given.translator, given.places), alerts(given.library, given.translator),
-          notices(given.clock), folders(given.places, given.tasks, given.translator),
+          gameEmulator(given.emulators, given.preferences, opener, given.changes, given.translator, given.places),
+          shownEmulator(given.emulators, given.preferences, opener, given.changes, given.translator, given.places),
+          bios(given.bios, given.emulators, given.translator, given.places),
+          questions(given.library, given.emulators, given.preferences, given.translator, given.places.host),
+          alerts(given.library, given.translator), notices(given.clock),
+          folders(given.places, given.tasks, given.translator),
           lists(given.library, given.emulators, given.app, given.preferences, given.translator, given.places)
     { }
 
@@ -57,6 +62,7 @@ struct VelkoWindow::Content {
     EmulatorFacts gameEmulator; ///< the one that plays that game
     EmulatorFacts shownEmulator; ///< the one whose sheet is open
     BiosFacts bios; ///< of the console whose page is open
+    LaunchQuestions questions;
     LibraryAlerts alerts;
     Notices notices;
     FolderList folders;
@@ -64,6 +70,8 @@ struct VelkoWindow::Content {
     QQuickView view;
     FocusKeeper keeper{&view};
     InputMode input{&view};
+    PadNavigation pad{&view, input, parts.translator};
+    PointerHider pointer;
 };
 
 /// The renderer is chosen before the first window is made.
@@ -90,10 +98,12 @@ VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content
     QObject::connect(
         &m_content->view, &QQuickWindow::frameSwapped, &m_content->view, [covers] { covers->begin(); },
         Qt::SingleShotConnection);
+    parts.controller.onEvent = [pad = &m_content->pad](PadEvent event) { pad->handle(event); };
 }
 
 VelkoWindow::~VelkoWindow()
 {
+    m_content->parts.controller.onEvent = nullptr;
     m_content->view.setSource({}); // the pages go before what they are bound to
 }
 
@@ -114,12 +124,15 @@ bool VelkoWindow::load()
                                {u"library"_s, QVariant::fromValue(&content.parts.library)},
                                {u"lists"_s, QVariant::fromValue(&content.lists)},
                                {u"keeper"_s, QVariant::fromValue(&content.keeper)},
+                               {u"pad"_s, QVariant::fromValue(&content.pad)},
+                               {u"controller"_s, QVariant::fromValue(&content.parts.controller)},
                                {u"input"_s, QVariant::fromValue(&content.input)},
                                {u"home"_s, QVariant::fromValue(&content.home)},
                                {u"openGame"_s, QVariant::fromValue(&content.openGame)},
                                {u"gameEmulator"_s, QVariant::fromValue(&content.gameEmulator)},
                                {u"shownEmulator"_s, QVariant::fromValue(&content.shownEmulator)},
                                {u"bios"_s, QVariant::fromValue(&content.bios)},
+                               {u"questions"_s, QVariant::fromValue(&content.questions)},
                                {u"alerts"_s, QVariant::fromValue(&content.alerts)},
                                {u"notices"_s, QVariant::fromValue(&content.notices)},
                                {u"folders"_s, QVariant::fromValue(&content.folders)}});
@@ -138,4 +151,9 @@ void VelkoWindow::raise()
     view.show();
     view.raise();
     view.requestActivate();
+}
+
+void VelkoWindow::hidePointer()
+{
+    m_content->pointer.hide();
 }

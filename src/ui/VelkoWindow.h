@@ -5,6 +5,8 @@
 class AppState;
 class BiosFiles;
 class Clock;
+class ControllerInput;
+class EmulatorChanges;
 class InstalledEmulators;
 class LibraryStore;
 class Preferences;
@@ -20,12 +22,14 @@ struct WindowParts {
     LibraryStore &library;
     InstalledEmulators &emulators;
     BiosFiles &bios;
+    EmulatorChanges &changes;
     Preferences &preferences;
     Translator &translator;
     Clock &clock;
     Tasks &tasks;
     Workspace &workspace;
     const Places &places;
+    ControllerInput &controller; ///< its ordinary events go to this window
 };
 
 /// The main window.
@@ -37,6 +41,7 @@ public:
     bool load(); ///< false when the interface is damaged; shows nothing by itself
     QQuickWindow *window();
     void raise(); ///< shows it, in front of other windows
+    void hidePointer(); ///< of the mouse, until it moves
 
 private:
     struct Content;

@@ -1,4 +1,5 @@
 #include "emulators/EmulatorLauncher.h"
+#include "emulators/EmulatorChanges.h"
 #include "emulators/InstalledEmulators.h"
 #include "fakes/FakeFileIndex.h"
 #include "fakes/FakeProcessControl.h"
@@ -32,9 +33,12 @@ protected:
     void launch(const QString &console, const QString &path)
     {
         launcher->launch({u"Game"_s, path, console, settings, statePath},
-                         [this](const Result<StartedGame> &answer) { answers += answer; });
+                         [this](const LaunchResult &answer) { answers += answer; });
     }
-    QString failure() const { return answers.size() == 1 && !answers[0] ? english(answers[0].failure()) : QString(); }
+    QString failure() const
+    {
+        return answers.size() == 1 && !answers[0] ? english(answers[0].failure().message) : QString();
+    }
     StartRequest lastStart() const { return workspace.started.value(workspace.lastPid); }
 
     const TemporaryHome home;
@@ -48,10 +52,11 @@ protected:
     Session session;
     GameSettings settings;
     std::optional<QString> statePath;
-    QList<Result<StartedGame>> answers;
+    QList<LaunchResult> answers;
     InstalledEmulators installed{places, workspace, index, preferences, tasks};
+    EmulatorChanges changes{places, clock, tasks, processes};
     std::unique_ptr<EmulatorLauncher> launcher = std::make_unique<EmulatorLauncher>(
-        places, preferences, workspace, processes, clock, tasks, installed, [this] { return session; });
+        places, preferences, workspace, processes, clock, tasks, installed, changes, [this] { return session; });
 };
 
 TEST_F(Launcher, startsTheEmulatorAndSaysWhatRuns)
@@ -200,6 +205,7 @@ TEST_F(Launcher, endsARunningCemuFirst)
     EXPECT_EQ(workspace.started.size(), 1) << "still waiting";
     processes.processes.clear();
     clock.advance(100ms);
+    tasks.finish();
     EXPECT_EQ(workspace.started.size(), 2);
     EXPECT_EQ(clock.pending(), 0);
 
@@ -213,6 +219,61 @@ TEST_F(Launcher, endsARunningCemuFirst)
               u"Cemu is still running and doesn't close. Quit it, then play again."_s);
     EXPECT_EQ(answers.size(), 3);
     EXPECT_EQ(clock.pending(), 0);
+}
+
+TEST_F(Launcher, setsTheEmulatorUpBeforeItStarts)
+{
+    program(u"bin/Cemu"_s);
+    const QString file = u".config/Cemu/settings.xml"_s;
+    home.write(file, "<content>\n</content>\n");
+    // A Cemu that runs writes its own settings when it ends, over what was written before.
+    processes.processes = {{10, {10, 1, u"Cemu"_s}}};
+    processes.stubborn = {10};
+    launch(u"wiiu"_s, home.write(u"Games/game.wua"_s));
+    tasks.finish();
+    EXPECT_EQ(home.read(file), "<content>\n</content>\n");
+    processes.processes.clear();
+    clock.advance(100ms);
+    tasks.finish();
+    EXPECT_TRUE(home.read(file).contains("<Entry>" + home.path().toUtf8() + "/Games</Entry>"));
+    EXPECT_EQ(changes.of(u"cemu"_s).size(), 2);
+    ASSERT_EQ(workspace.started.size(), 1);
+    EXPECT_TRUE(answers.last().value().shortcomings.isEmpty());
+
+    home.write(file, "<content>");
+    launch(u"wiiu"_s, home.write(u"Games/game.wua"_s));
+    tasks.finish();
+    EXPECT_EQ(workspace.started.size(), 2) << "what cannot be written does not stop the launch";
+    ASSERT_EQ(answers.last().value().shortcomings.size(), 1);
+    EXPECT_TRUE(english(answers.last().value().shortcomings.first()).contains(u"/.config/Cemu/settings.xml"_s));
+}
+
+TEST_F(Launcher, putsRpcs3sFrameRateBackAndMapsControllersOnlyIfAllowed)
+{
+    program(u"bin/rpcs3"_s);
+    const QString rpcs3 = u".config/rpcs3/config.yml"_s;
+    home.write(rpcs3, "Video:\n  Vblank Rate: 120\n");
+    launch(u"ps3"_s, home.write(u"Games/EBOOT.BIN"_s));
+    tasks.finish();
+    EXPECT_TRUE(home.read(rpcs3).contains("Vblank Rate: 120\n")) << "the user's own";
+    preferences.set(preference::rpcs3VblankRaised, true);
+    launch(u"ps3"_s, home.write(u"Games/EBOOT.BIN"_s));
+    tasks.finish();
+    EXPECT_TRUE(home.read(rpcs3).contains("Vblank Rate: 60\n"));
+    EXPECT_FALSE(preferences.get(preference::rpcs3VblankRaised));
+
+    program(u"bin/pcsx2-qt"_s);
+    const QString pcsx2 = u".config/PCSX2/inis/PCSX2.ini"_s;
+    home.write(pcsx2, "[Pad1]\nCross = Keyboard/K\n");
+    session.controllers = {u"Xbox Wireless Controller"_s};
+    preferences.set(preference::autoXboxSetup, false);
+    launch(u"ps2"_s, home.write(u"Games/game.iso"_s));
+    tasks.finish();
+    EXPECT_TRUE(home.read(pcsx2).contains("Cross = Keyboard/K\n"));
+    preferences.remove(preference::autoXboxSetup);
+    launch(u"ps2"_s, home.write(u"Games/game.iso"_s));
+    tasks.finish();
+    EXPECT_TRUE(home.read(pcsx2).contains("Cross = SDL-0/FaceSouth\n")) << "allowed when nothing is said";
 }
 
 TEST_F(Launcher, nothingStartsOnceItIsGone)
@@ -230,4 +291,46 @@ TEST_F(Launcher, nothingStartsOnceItIsGone)
     clock.advance(1min);
     EXPECT_TRUE(workspace.started.isEmpty());
     EXPECT_TRUE(answers.isEmpty());
+}
+
+TEST_F(Launcher, namesTheEmulatorThatMustBeSetUpFirst)
+{
+    program(u"bin/xemu"_s);
+    installed.refresh();
+    tasks.finish();
+    launch(u"xbox"_s, home.write(u"game.iso"_s));
+    tasks.finish();
+    launch(u"dc"_s, home.write(u"game.gdi"_s));
+    tasks.finish();
+    launch(u"dc"_s, home.path() + u"/gone.gdi"_s);
+    tasks.finish();
+    QStringList ids;
+    for (const LaunchResult &answer : std::as_const(answers))
+        ids += answer ? u"started"_s : answer.failure().emulatorToSetUp;
+    EXPECT_EQ(ids, (QStringList{u"xemu"_s, u"flycast"_s, QString()}));
+}
+
+TEST_F(Launcher, asksForTheControllerUntilItIsSettled)
+{
+    for (const QString &name : {u"bin/dolphin-emu"_s, u"bin/mgba-qt"_s})
+        program(name);
+    const auto asks = [this](const QString &console, const QString &path = u"/game"_s) {
+        return launcher->controllerToSetUp({u"Game"_s, path, console, {}, {}});
+    };
+    session.controllers = {u"Xbox Series X Controller"_s};
+    EXPECT_EQ(asks(u"gc"_s), QString()) << "nobody has looked yet";
+    installed.refresh();
+    tasks.finish();
+    EXPECT_EQ(asks(u"gc"_s), u"dolphin"_s);
+    EXPECT_EQ(asks(u"gba"_s), QString()) << "takes it by itself";
+    EXPECT_EQ(asks(u"gc"_s, u"/game.AppImage"_s), QString()) << "no emulator plays it";
+    EXPECT_EQ(asks(u"ps3"_s), QString()) << "no emulator is installed";
+    session.controllers.clear();
+    EXPECT_EQ(asks(u"gc"_s), QString()) << "played by keyboard";
+    session.controllers = {u"Pad"_s};
+    preferences.set(preference::hideControllerNotice(u"dolphin"_s), true);
+    EXPECT_EQ(asks(u"gc"_s), QString());
+    preferences.set(preference::hideControllerNotice(u"dolphin"_s), false);
+    preferences.set(preference::controllerConfigured(u"dolphin"_s), true);
+    EXPECT_EQ(asks(u"gc"_s), QString());
 }

@@ -189,18 +189,18 @@ static QString environmentOf(const LaunchPlan &plan)
 TEST(LaunchPlan, environmentOnLinux)
 {
     LaunchFacts machine = facts(Host::linux);
-    const InstalledEmulator pcsx2 = copyOf(u"pcsx2"_s, ApplicationKind::native);
+    const InstalledEmulator azahar = copyOf(u"azahar"_s, ApplicationKind::native);
     const InstalledEmulator mgba = copyOf(u"mgba"_s, ApplicationKind::native);
-    EXPECT_EQ(environmentOf(planEmulator(request(u"fps"_s), pcsx2, machine)), u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s);
+    EXPECT_EQ(environmentOf(planEmulator(request(u"fps"_s), azahar, machine)), u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s);
     machine.mangoHud = true;
-    EXPECT_EQ(environmentOf(planEmulator(request(u"fps"_s), pcsx2, machine)),
+    EXPECT_EQ(environmentOf(planEmulator(request(u"fps"_s), azahar, machine)),
               u"MANGOHUD=1 QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s);
     EXPECT_EQ(environmentOf(planEmulator(request(u"fps"_s), mgba, machine)), u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s)
         << "it has a counter of its own";
-    EXPECT_EQ(environmentOf(planEmulator(request(), pcsx2, machine)), u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s);
+    EXPECT_EQ(environmentOf(planEmulator(request(), azahar, machine)), u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s);
     machine.waylandSession = true;
     EXPECT_EQ(
-        environmentOf(planEmulator(request(), pcsx2, machine)),
+        environmentOf(planEmulator(request(), azahar, machine)),
         u"GDK_BACKEND=x11 QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 QT_QPA_PLATFORM=xcb SDL_VIDEODRIVER=x11 SDL_VIDEO_DRIVER=x11"_s);
 }
 
@@ -222,7 +222,7 @@ TEST(LaunchPlan, aFlatpakGetsEnvironmentAndFoldersAsOptions)
     machine.mangoHud = true;
     const LaunchPlan plan = planEmulator(asked, copyOf(u"pcsx2"_s, ApplicationKind::flatpak), machine);
     EXPECT_EQ(plan.command,
-              (QStringList{u"flatpak"_s, u"run"_s, u"--filesystem=/mnt/ps2/a\\:b\\\\c:ro"_s, u"--env=MANGOHUD=1"_s,
+              (QStringList{u"flatpak"_s, u"run"_s, u"--filesystem=/mnt/ps2/a\\:b\\\\c:ro"_s,
                            u"--env=QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s, u"--command=c"_s, u"app.id"_s,
                            u"-fullscreen"_s, u"-batch"_s, u"--"_s, asked.path}));
     EXPECT_EQ(plan.applicationID, u"app.id"_s);

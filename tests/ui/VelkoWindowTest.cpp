@@ -1,81 +1,11 @@
-#include "ui/VelkoWindow.h"
-
-#include "emulators/BiosFiles.h"
-#include "platform/linux/LinuxServices.h"
-#include "ui/ListHouse.h"
+#include "ui/WindowHouse.h"
 
 #include <QDropEvent>
 #include <QMimeData>
-#include <QQuickItem>
-#include <QQuickWindow>
 #include <QRandomGenerator>
-#include <QTest>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-
-static QStringList warnings;
-
-static void keepWarning(QtMsgType type, const QMessageLogContext &, const QString &text)
-{
-    if (type != QtDebugMsg && type != QtInfoMsg) warnings += text;
-}
-
-/// The real window, offscreen, with a few games. Pictures are made in the background, as always.
-struct WindowHouse : ListHouse {
-    std::unique_ptr<Tasks> background = makeTasks();
-    BiosFiles bios{places, emulators, preferences, workspace, tasks};
-    std::unique_ptr<VelkoWindow> velko;
-
-    explicit WindowHouse(int games)
-    {
-        warnings.clear();
-        qInstallMessageHandler(keepWarning);
-        const QStringList systems{u"gba"_s, u"ps2"_s, u"snes"_s, u"n64"_s};
-        for (int i = 0; i < games; ++i) {
-            const QString id =
-                add(u"Game %1"_s.arg(i), systems[i % 4], i % 2 ? std::optional<double>(i) : std::nullopt);
-            store->setFavorite(id, i % 5 == 0);
-        }
-        emulators.refresh();
-        velko = std::make_unique<VelkoWindow>(WindowParts{state, *store, emulators, bios, preferences, translator,
-                                                          clock, *background, workspace, places});
-    }
-    ~WindowHouse()
-    {
-        velko.reset();
-        qInstallMessageHandler(nullptr);
-    }
-
-    bool show(QSize size = {1280, 800})
-    {
-        if (!velko->load()) return false;
-        window()->resize(size);
-        window()->show();
-        return QTest::qWaitForWindowExposed(window()) && settled();
-    }
-    QQuickWindow *window() const { return velko->window(); }
-    bool settled() const
-    {
-        for (int i = 0; i < 5; ++i)
-            QCoreApplication::processEvents();
-        return true;
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(window(), key, modifiers);
-        settled();
-    }
-    /// The control that has the focus: what Tab reaches, itself or around the focused item.
-    QQuickItem *control() const
-    {
-        QQuickItem *item = window()->activeFocusItem();
-        while (item && !item->activeFocusOnTab())
-            item = item->parentItem();
-        return item && item->isVisible() && item->isEnabled() ? item : nullptr;
-    }
-    QString focusedGame() const { return window()->activeFocusItem()->property("gameID").toString(); }
-};
 
 TEST(VelkoWindow, showsEveryTabWithAFocusAndWithoutAWarning)
 {
@@ -214,5 +144,34 @@ TEST(VelkoWindow, systemFilesAreDroppedOnTheirCardAndGamesBesideIt)
     EXPECT_EQ(house.store->count(), 4);
     dropOnto(house.window(), {300, 900}, house.home.write(u"Downloads/Game.lnx"_s));
     EXPECT_EQ(house.store->count(), 5);
+    EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
+}
+
+TEST(VelkoWindow, asksAboutTheControllerBeforeTheGameStarts)
+{
+    WindowHouse house(4);
+    ASSERT_TRUE(house.show());
+    const QString file = house.home.write(u"game.gba"_s);
+    GameEntry game = house.game(u"Real"_s, u"gba"_s);
+    game.path = file;
+    house.store->add({game});
+    house.launcher.toSetUp = u"dolphin"_s;
+    house.store->launch(game.id);
+    house.settled();
+    EXPECT_EQ(house.control()->property("text").toString(), u"Show the steps"_s);
+    house.press(Qt::Key_Right);
+    house.press(Qt::Key_Right);
+    house.press(Qt::Key_Return); // and don't ask again
+    EXPECT_EQ(house.launcher.requests.size(), 1);
+    EXPECT_TRUE(house.preferences.get(preference::hideControllerNotice(u"dolphin"_s)));
+    house.store->cancelLaunch();
+    house.store->launch(game.id);
+    house.settled();
+    house.press(Qt::Key_Return); // the steps
+    EXPECT_EQ(house.launcher.requests.size(), 1);
+    ASSERT_TRUE(house.control());
+    EXPECT_EQ(house.control()->property("text").toString(), u"Dolphin isn't installed"_s);
+    house.press(Qt::Key_Escape);
+    EXPECT_TRUE(house.control());
     EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
 }

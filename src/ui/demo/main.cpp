@@ -2,16 +2,20 @@
 #include "app/Translator.h"
 #include "catalog/EmulatorDef.h"
 #include "emulators/BiosFiles.h"
+#include "emulators/EmulatorChanges.h"
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryFile.h"
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
 #include "platform/linux/LinuxServices.h"
+#include "platform/linux/VirtualPad.h"
+#include "play/ControllerInput.h"
 #include "ui/VelkoWindow.h"
 #include "ui/demo/DemoLibrary.h"
 #include "ui/demo/ScrollTest.h"
 
 #include "fakes/FakeFileIndex.h"
+#include "fakes/FakeGamepads.h"
 #include "fakes/FakeProcessControl.h"
 #include "fakes/FakeWorkspace.h"
 #include "fakes/TemporaryHome.h"
@@ -31,7 +35,7 @@ class DemoLauncher final : public GameLauncher {
 public:
     DemoLauncher(Clock &clock, FakeWorkspace &workspace) : m_clock(clock), m_workspace(workspace) { }
 
-    void launch(const LaunchRequest &request, std::function<void(Result<StartedGame>)> done) override
+    void launch(const LaunchRequest &request, std::function<void(LaunchResult)> done) override
     {
         m_wait = m_clock.after(2s, [this, request, done = std::move(done)] {
             const auto pid = m_workspace.start({{request.title}, {}, {}, {}});
@@ -67,6 +71,16 @@ static void sendKeys(QWindow *window, const QStringList &keys)
     }
 }
 
+/// What cannot be read as a button is left out.
+static void pressButtons(FakeGamepads &pads, const QStringList &buttons)
+{
+    const int pad = pads.plugIn(u"Demo controller"_s);
+    for (const QString &button : buttons) {
+        if (const auto command = parsePadCommand("press " + button.toUtf8())) pads.tap(command->button, pad);
+        QCoreApplication::processEvents();
+    }
+}
+
 static int grab(VelkoWindow &window, const QString &file)
 {
     const bool saved = window.window()->grabWindow().save(file);
@@ -87,6 +101,7 @@ int main(int argc, char **argv)
          {u"page"_s, u"The page to open: game or console."_s, u"page"_s},
          {u"game"_s, u"The game whose page is opened."_s, u"number"_s, u"1"_s},
          {u"keys"_s, u"Keys to press first, separated by blanks."_s, u"keys"_s},
+         {u"pad"_s, u"Buttons of a controller to press first, separated by blanks."_s, u"buttons"_s},
          {u"screenshot"_s, u"Write a picture to this file and end."_s, u"file"_s},
          {u"wait"_s, u"Milliseconds before the picture."_s, u"ms"_s, u"900"_s},
          {u"games"_s, u"Number of games."_s, u"n"_s, u"130"_s},
@@ -132,7 +147,12 @@ int main(int argc, char **argv)
     if (options.value(u"page"_s) == u"console") app.setProperty("selectedConsole", u"ps2"_s);
 
     BiosFiles bios(places, emulators, preferences, workspace, *tasks);
-    VelkoWindow window({app, library, emulators, bios, preferences, translator, *clock, *tasks, workspace, places});
+    EmulatorChanges changes(places, *clock, *tasks, processes);
+    FakeGamepads pads;
+    ControllerInput controller(pads, *clock);
+    controller.isActive = [] { return true; };
+    VelkoWindow window({app, library, emulators, bios, changes, preferences, translator, *clock, *tasks, workspace,
+                        places, controller});
     if (!window.load()) return 1;
     const QStringList size = options.value(u"size"_s).split(u'x');
     window.window()->resize(size.value(0).toInt(), size.value(1).toInt());
@@ -140,6 +160,8 @@ int main(int argc, char **argv)
     if (options.isSet(u"keys"_s))
         QTimer::singleShot(400, window.window(),
                            [&] { sendKeys(window.window(), options.value(u"keys"_s).split(u' ')); });
+    if (options.isSet(u"pad"_s))
+        QTimer::singleShot(400, window.window(), [&] { pressButtons(pads, options.value(u"pad"_s).split(u' ')); });
     if (options.isSet(u"scroll"_s))
         QTimer::singleShot(1500, window.window(),
                            [&] { new ScrollTest(window.window(), options.value(u"scroll"_s).toDouble(), 300); });

@@ -128,3 +128,18 @@ void LibraryLists::followConsole()
     if (m_console) m_console->setConsoleID(id);
     if (m_consoleGames) m_consoleGames->setFilter(toText(GameFilter{.consoleID = id}));
 }
+
+QString LibraryLists::gameBeside(int by)
+{
+    const GameListModel *shown = m_state.tab() == AppTab::consoles ? consoleGames() : games();
+    const int row = shown->rowOf(m_state.property("detailGame").toString());
+    return row < 0 ? QString() : shown->gameAt(row + by);
+}
+
+void LibraryLists::stepGame(int by)
+{
+    const QString gameID = gameBeside(by);
+    if (gameID.isEmpty()) return;
+    setProperty(m_state.tab() == AppTab::consoles ? "currentConsoleGame" : "currentGame", gameID);
+    m_state.setProperty("detailGame", gameID);
+}

@@ -56,6 +56,9 @@ public:
     Q_INVOKABLE void toggleFavorite(const QString &gameID);
     Q_INVOKABLE void chooseFilter(const QString &filter); ///< of the Games screen, which begins at its first game
     Q_INVOKABLE void showAllGames(); ///< without filter and search
+    /// Of the game whose page is open, in the list that it was opened from: -1 the one before, 1 the next. Empty: none.
+    Q_INVOKABLE QString gameBeside(int by);
+    Q_INVOKABLE void stepGame(int by); ///< opens that one's page
 
 signals:
     void currentGameChanged();

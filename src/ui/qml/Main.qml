@@ -9,15 +9,19 @@ FocusScope {
     required property LibraryLists lists
     required property FocusKeeper keeper
     required property InputMode input
+    required property PadNavigation pad
+    required property ControllerInput controller
     required property HomeFacts home
     required property GameFacts openGame
     required property EmulatorFacts gameEmulator
     required property EmulatorFacts shownEmulator
     required property LibraryAlerts alerts
+    required property LaunchQuestions questions
     required property BiosFacts bios
     required property Notices notices
     required property FolderList folders
     readonly property bool modal: overlays.busy
+    readonly property int barHeight: hintBar.active ? 56 : 0
 
     focus: true
     Keys.onUpPressed: root.keeper.move(Qt.Key_Up)
@@ -58,9 +62,14 @@ FocusScope {
             anchors.fill: parent
             enabled: !root.modal
             focus: !root.modal
+            Pad.tabs: Tr.translate("Previous / next tab")
+            Pad.menu: Tr.translate("Menu")
+            Pad.onTabPressed: by => root.app.stepTab(by)
+            Pad.onMenuPressed: overlays.show("menu")
             Pages {
                 anchors.fill: parent
                 anchors.topMargin: bar.height
+                anchors.bottomMargin: root.barHeight
                 focus: true
                 app: root.app
                 library: root.library
@@ -81,6 +90,7 @@ FocusScope {
                 id: bar
                 width: parent.width
                 app: root.app
+                controllerName: root.controller.controllerName
                 onMenuWanted: overlays.show("menu")
                 onBigPictureWanted: root.notices.show(Tr.translate("Big Picture is not in this version of Velko yet."), "info")
             }
@@ -90,6 +100,7 @@ FocusScope {
     Overlays {
         id: overlays
         anchors.fill: parent
+        anchors.bottomMargin: root.barHeight
         focus: root.modal
         app: root.app
         library: root.library
@@ -97,13 +108,21 @@ FocusScope {
         openGame: root.openGame
         emulator: root.shownEmulator
         alerts: root.alerts
+        questions: root.questions
         bios: root.bios
         notices: root.notices
         folders: root.folders
     }
     Loader {
+        id: hintBar
+        y: root.height - height
+        width: root.width
+        active: Theme.inputMode === "pad"
+        sourceComponent: HintBar { hints: root.pad.hints }
+    }
+    Loader {
         anchors.horizontalCenter: parent.horizontalCenter
-        y: root.height - height - 32
+        y: root.height - height - 32 - root.barHeight
         active: root.notices.text !== ""
         sourceComponent: Notice {
             text: root.notices.text

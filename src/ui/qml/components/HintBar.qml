@@ -1,13 +1,12 @@
 import QtQuick
 import Velko
 
-/// What the controller's buttons do right now; only there while a controller is in use.
+/// What the controller's buttons do right now.
 Item {
     id: root
     property var hints: [] ///< a list of { glyphs: [name], text }, at most five
 
-    visible: Theme.inputMode === "pad"
-    height: 56
+    implicitHeight: 56
     Rectangle {
         anchors.fill: parent
         color: Theme.bg

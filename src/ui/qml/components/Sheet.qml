@@ -16,6 +16,7 @@ FocusScope {
     anchors.fill: parent
     Accessible.role: Accessible.Dialog
     Accessible.name: root.title
+    Pad.back: Tr.translate("Close")
     Keys.onEscapePressed: root.closed()
 
     Rectangle {

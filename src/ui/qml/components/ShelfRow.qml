@@ -2,7 +2,7 @@ import QtQuick
 import Velko
 
 /// Covers of different shapes standing on one line, with their captions below. `model` has the roles of ShelfModel.
-/// Left and right move along the shelf, the confirm key opens.
+/// Left and right move along the shelf, the confirm key opens, F marks as a favorite.
 FocusScope {
     id: root
     required property var model
@@ -11,6 +11,7 @@ FocusScope {
     property real gap: 32
     readonly property real shelfHeight: coverWidth * 4 / 3
     signal opened(string gameID)
+    signal favoriteWanted(string gameID, bool favorite)
 
     implicitHeight: shelfHeight + 66
 
@@ -40,8 +41,17 @@ FocusScope {
         onActiveFocusChanged: currentIndex = Math.max(0, currentIndex)
         Accessible.role: Accessible.List
         Accessible.name: root.name
-        Keys.onReturnPressed: event => { if (!event.isAutoRepeat && currentItem) root.opened((currentItem as ShelfCover).gameID) }
-        Keys.onEnterPressed: event => { if (!event.isAutoRepeat && currentItem) root.opened((currentItem as ShelfCover).gameID) }
+        readonly property ShelfCover cover: currentItem as ShelfCover
+        Pad.confirm: Tr.translate("Set up and play")
+        Pad.favorite: cover?.favorite ? Tr.translate("Remove from favorites") : Tr.translate("Favorite")
+        Pad.onFavoritePressed: if (cover) root.favoriteWanted(cover.gameID, !cover.favorite)
+        Pad.onDetailsPressed: if (cover) root.opened(cover.gameID)
+        Keys.onPressed: event => {
+            event.accepted = event.key === Qt.Key_F && event.modifiers === Qt.NoModifier && cover !== null
+            if (event.accepted) root.favoriteWanted(cover.gameID, !cover.favorite)
+        }
+        Keys.onReturnPressed: event => { if (!event.isAutoRepeat && cover) root.opened(cover.gameID) }
+        Keys.onEnterPressed: event => { if (!event.isAutoRepeat && cover) root.opened(cover.gameID) }
         delegate: ShelfCover {
             coverWidth: root.coverWidth
             shelfHeight: root.shelfHeight

@@ -61,6 +61,7 @@ FocusScope {
         Accessible.role: Accessible.EditableText
         Accessible.name: root.name
         onTextEdited: root.edited(text)
+        Pad.confirm: Tr.translate("Confirm")
         Keys.onReturnPressed: root.accepted(text)
         Keys.onEnterPressed: root.accepted(text)
         cursorDelegate: Rectangle {

@@ -23,6 +23,7 @@ FocusScope {
     activeFocusOnTab: tiles.count > 0
     Accessible.role: Accessible.List
     Accessible.name: Tr.translate("Consoles")
+    Pad.confirm: Tr.translate("Open")
     Component.onCompleted: root.comeBack()
     onCurrentItemChanged: scroll.reveal()
 

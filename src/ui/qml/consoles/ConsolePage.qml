@@ -17,6 +17,7 @@ FocusScope {
     signal emulatorWanted(string emulatorID)
     signal filesWanted
 
+    Pad.back: Tr.translate("Back")
     Keys.onEscapePressed: root.app.selectedConsole = ""
     Keys.onBackPressed: root.app.selectedConsole = ""
 

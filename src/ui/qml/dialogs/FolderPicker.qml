@@ -14,7 +14,11 @@ Sheet {
     panelWidth: 920
     panelHeight: 660
     Component.onCompleted: root.folders.begin(root.files)
-    Keys.onBackPressed: if (root.folders.parentFolder !== "") root.folders.open(root.folders.parentFolder)
+    Pad.back: root.folders.parentFolder !== "" ? Tr.translate("Up one folder") : Tr.translate("Close")
+    Keys.onBackPressed: event => {
+        event.accepted = root.folders.parentFolder !== ""
+        if (event.accepted) root.folders.open(root.folders.parentFolder)
+    }
 
     Row {
         width: root.body.width
@@ -91,6 +95,7 @@ Sheet {
                         target: root.folders
                         function onListed() { list.currentIndex = root.folders.startRow }
                     }
+                    Pad.confirm: count > 0 ? Tr.translate("Open") : ""
                     Keys.onReturnPressed: (currentItem as FolderRow)?.activated()
                     Keys.onEnterPressed: (currentItem as FolderRow)?.activated()
                     delegate: FolderRow {

@@ -9,6 +9,7 @@ FocusScope {
     signal closed
     signal aboutWanted
 
+    Pad.back: Tr.translate("Close")
     Keys.onEscapePressed: root.closed()
     Accessible.role: Accessible.PopupMenu
     Accessible.name: Tr.translate("Menu")

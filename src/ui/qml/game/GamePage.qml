@@ -5,6 +5,7 @@ import Velko
 ScrollPage {
     id: root
     required property AppState app
+    required property LibraryLists lists
     required property GameFacts game
     required property EmulatorFacts emulator
     readonly property int coverWidth: Theme.contentWidth >= 1500 ? 360 : Theme.contentWidth >= 1000 ? 264 : 200
@@ -23,6 +24,12 @@ ScrollPage {
         consoleID: root.game.consoleID
     }
     contentHeight: Math.max(side.y + side.height, right.y + right.height) + 48
+    Pad.back: game.launching ? Tr.translate("Cancel") : Tr.translate("Back")
+    Pad.favorite: game.favorite ? Tr.translate("Remove from favorites") : Tr.translate("Favorite")
+    Pad.games: Theme.inputMode === "pad" && app.detailGame !== "" && lists.gameBeside(-1) + lists.gameBeside(1) !== ""
+        ? Tr.translate("Previous / next game") : ""
+    Pad.onFavoritePressed: root.game.toggleFavorite()
+    Pad.onGamePressed: by => root.lists.stepGame(by)
     Keys.onEscapePressed: root.app.detailGame = ""
     Keys.onBackPressed: root.app.detailGame = ""
 

@@ -39,6 +39,11 @@ GridView {
     Accessible.role: Accessible.List
     Accessible.name: root.games.heading
     Component.onCompleted: root.comeBack()
+    onRememberedChanged: if (!activeFocus) root.comeBack()
+    Pad.confirm: Tr.translate("Set up and play")
+    Pad.favorite: (currentItem as GameCell)?.favorite ? Tr.translate("Remove from favorites") : Tr.translate("Favorite")
+    Pad.onFavoritePressed: root.favoriteToggled(root.games.gameAt(root.currentIndex))
+    Pad.onDetailsPressed: root.opened(root.games.gameAt(root.currentIndex))
 
     function comeBack() { root.currentIndex = Math.max(0, root.games.rowOf(root.remembered)) }
     function goTo(tile) {

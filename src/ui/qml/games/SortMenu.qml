@@ -11,6 +11,7 @@ FocusScope {
     signal closed
 
     anchors.fill: parent
+    Pad.back: Tr.translate("Close")
     Keys.onEscapePressed: root.closed()
     Keys.onBackPressed: root.closed()
     Accessible.role: Accessible.PopupMenu

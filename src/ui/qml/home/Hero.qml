@@ -10,6 +10,12 @@ FocusScope {
     readonly property real coverWidth: Math.min(coverHeight / game.ratio, coverHeight * 0.75)
     signal opened
 
+    Pad.back: game.launching ? Tr.translate("Cancel") : ""
+    Pad.favorite: game.favorite ? Tr.translate("Remove from favorites") : Tr.translate("Favorite")
+    Pad.details: Tr.translate("Details")
+    Pad.onFavoritePressed: root.game.toggleFavorite()
+    Pad.onDetailsPressed: root.opened()
+
     Backdrop {
         anchors.fill: parent
         consoleID: root.game.consoleID

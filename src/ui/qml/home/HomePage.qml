@@ -73,12 +73,14 @@ ScrollPage {
             model: root.home.recent
             width: parent.width
             onOpened: gameID => root.app.detailGame = gameID
+            onFavoriteWanted: (gameID, favorite) => root.library.setFavorite(gameID, favorite)
         }
         Shelf {
             title: Tr.translate("Favorites")
             model: root.home.favorites
             width: parent.width
             onOpened: gameID => root.app.detailGame = gameID
+            onFavoriteWanted: (gameID, favorite) => root.library.setFavorite(gameID, favorite)
         }
     }
 }

@@ -7,6 +7,7 @@ FocusScope {
     property string title
     required property ShelfModel model
     signal opened(string gameID)
+    signal favoriteWanted(string gameID, bool favorite)
 
     visible: model.count > 0
     height: visible ? 16 + 48 + row.implicitHeight : 0
@@ -29,5 +30,6 @@ FocusScope {
         name: root.title
         model: root.model
         onOpened: gameID => root.opened(gameID)
+        onFavoriteWanted: (gameID, favorite) => root.favoriteWanted(gameID, favorite)
     }
 }

@@ -10,11 +10,13 @@ FocusScope {
     required property GameFacts openGame
     required property EmulatorFacts emulator
     required property LibraryAlerts alerts
+    required property LaunchQuestions questions
     required property BiosFacts bios
     required property Notices notices
     required property FolderList folders
     property string wanted ///< by the user: "menu", "about", "folder", "remove", "rename", "emulator", "files"; empty: none
-    readonly property string shown: alerts.missingText !== "" ? "missing" : alerts.setupText !== "" ? "setup"
+    readonly property string shown: alerts.missingText !== "" ? "missing" : questions.controllerTitle !== "" ? "controller"
+        : questions.setupText !== "" ? "setup"
         : alerts.errorText !== "" ? "error" : app.report ? "report" : wanted
     readonly property bool busy: shown !== ""
 
@@ -28,7 +30,7 @@ FocusScope {
         anchors.fill: parent
         focus: true
         active: root.busy
-        sourceComponent: root.shown === "missing" ? missing : root.shown === "setup" ? setup : root.shown === "error" ? error
+        sourceComponent: root.shown === "missing" ? missing : root.shown === "controller" ? controller : root.shown === "setup" ? setup : root.shown === "error" ? error
             : root.shown === "report" ? report : root.shown === "menu" ? menu : root.shown === "about" ? about
             : root.shown === "folder" ? folder : root.shown === "remove" ? remove : root.shown === "rename" ? rename
             : root.shown === "emulator" ? emulatorSheet : root.shown === "files" ? files : null
@@ -53,17 +55,40 @@ FocusScope {
         }
     }
     Component {
+        id: controller
+        QuestionDialog {
+            title: root.questions.controllerTitle
+            panelWidth: 760
+            text: root.questions.controllerText
+            actions: [
+                { name: "steps", text: Tr.translate("Show the steps"), kind: "primary" },
+                { name: "play", text: Tr.translate("Play") },
+                { name: "always", text: Tr.translate("Play, and don't ask again") }
+            ]
+            onAnswered: answer => {
+                const emulator = root.questions.controllerEmulator
+                if (answer === "play") root.questions.play()
+                else if (answer === "always") root.questions.playAndStopAsking()
+                else root.questions.dismissController()
+                if (answer === "steps") root.showEmulator(emulator)
+            }
+        }
+    }
+    Component {
         id: setup
         QuestionDialog {
             icon: "warning"
-            text: root.alerts.setupText
+            text: root.questions.setupText
             actions: [
-                { name: "essentials", text: Tr.translate("Essentials"), kind: "primary" },
+                root.questions.setupInstalled ? { name: "setup", text: Tr.translate("Set it up"), kind: "primary" }
+                    : { name: "essentials", text: Tr.translate("Essentials"), kind: "primary" },
                 { name: "cancel", text: Tr.translate("Cancel") }
             ]
             onAnswered: answer => {
-                root.alerts.dismissError()
+                const emulator = root.questions.setupEmulator
+                root.questions.dismissSetup()
                 if (answer === "essentials") root.app.tab = "essentials"
+                if (answer === "setup") root.showEmulator(emulator)
             }
         }
     }
@@ -148,6 +173,12 @@ FocusScope {
             emulator: root.emulator
             keeper: root.keeper
             onClosed: root.wanted = ""
+            onSystemFilesWanted: consoleID => {
+                root.wanted = ""
+                root.app.tab = "consoles"
+                root.app.detailGame = ""
+                root.app.selectedConsole = consoleID
+            }
         }
     }
     Component {

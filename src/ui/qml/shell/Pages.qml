@@ -52,8 +52,12 @@ FocusScope {
         anchors.fill: parent
         active: root.gameShown
         focus: root.gameShown
+<<<<<<< HEAD
+        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, lists: root.lists, game: root.openGame })
+=======
         Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, game: root.openGame,
             emulator: root.gameEmulator })
+>>>>>>> main
         onLoaded: (item as Item).forceActiveFocus()
     }
     Connections {

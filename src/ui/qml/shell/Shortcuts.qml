@@ -6,7 +6,6 @@ Item {
     id: root
     required property AppState app
     readonly property var tabs: ["home", "games", "consoles", "essentials", "profile", "social"]
-    readonly property int current: tabs.indexOf(app.tab)
 
     Repeater {
         model: root.tabs
@@ -22,11 +21,11 @@ Item {
     }
     Shortcut {
         sequence: "Ctrl+PgUp"
-        onActivated: root.app.tab = root.tabs[Math.max(0, root.current - 1)]
+        onActivated: root.app.stepTab(-1)
     }
     Shortcut {
         sequence: "Ctrl+PgDown"
-        onActivated: root.app.tab = root.tabs[Math.min(root.tabs.length - 1, root.current + 1)]
+        onActivated: root.app.stepTab(1)
     }
     Shortcut {
         sequence: "Ctrl+Q"

@@ -1,10 +1,11 @@
 import QtQuick
 import Velko
 
-/// Name, tabs, Big Picture and the menu.
+/// Name, tabs, the connected controller, Big Picture and the menu.
 FocusScope {
     id: root
     required property AppState app
+    required property string controllerName ///< empty: none
     readonly property bool narrow: width < 1180
     signal menuWanted
     signal bigPictureWanted
@@ -31,6 +32,7 @@ FocusScope {
         }
     }
     Row {
+        id: tabs
         x: root.narrow ? 28 + (root.width >= 1000 ? 128 : 48) : (root.width - width) / 2
         anchors.verticalCenter: parent.verticalCenter
         spacing: root.narrow ? 0 : 8
@@ -55,11 +57,35 @@ FocusScope {
             }
         }
     }
+    Repeater {
+        model: Theme.inputMode === "pad" && !root.narrow ? ["lb", "rb"] : []
+        Glyph {
+            required property int index
+            required property string modelData
+            x: index === 0 ? tabs.x - width - 16 : tabs.x + tabs.width + 16
+            anchors.verticalCenter: parent.verticalCenter
+            name: modelData
+            size: 20
+            color: Theme.t3
+        }
+    }
     Row {
         anchors.right: parent.right
         anchors.rightMargin: root.narrow ? 20 : 40
         anchors.verticalCenter: parent.verticalCenter
         spacing: 10
+        Loader {
+            anchors.verticalCenter: parent.verticalCenter
+            active: root.controllerName !== ""
+            visible: active
+            sourceComponent: Icon {
+                name: "controller"
+                size: 22
+                color: Theme.ok
+                Accessible.role: Accessible.Indicator
+                Accessible.name: root.controllerName
+            }
+        }
         TextButton {
             text: root.narrow ? "" : Tr.translate("Big Picture")
             name: Tr.translate("Big Picture")
