@@ -12,11 +12,20 @@
 #include "emulators/EmulatorLauncher.h"
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryStore.h"
+#include "platform/Accessibility.h"
+#include "platform/Keys.h"
 #include "platform/Preferences.h"
 #include "platform/RequestChannel.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/QuitSignals.h"
+
 #include "play/ControllerInput.h"
+#include "play/GameFreezer.h"
+#include "play/GameSupervisor.h"
+#include "play/PlacementLog.h"
+#include "play/SaveStates.h"
+#include "play/ScreenshotStore.h"
+#include "play/Screenshots.h"
 #include "ui/Fonts.h"
 #include "ui/VelkoWindow.h"
 
@@ -71,6 +80,59 @@ int askOwner(RequestChannel &channel, const QStringList &arguments)
     return QCoreApplication::exec();
 }
 
+/// Until other programs' menus can be reached: nothing is found, and nothing pressed.
+struct NoAccessibility final : Accessibility {
+    Tasks &tasks;
+
+    explicit NoAccessibility(Tasks &background) : tasks(background) { }
+    bool isAvailable() const override { return false; }
+    void windows(const QList<qint64> &, std::function<void(QList<AccessibleWindow>)> done) override
+    {
+        tasks.post([done = std::move(done)] { done({}); });
+    }
+    void menu(const QList<qint64> &, const QStringList &, std::function<void(QList<MenuEntry>)> done) override
+    {
+        tasks.post([done = std::move(done)] { done({}); });
+    }
+    void press(const MenuEntry &, std::function<void(bool)> done) override
+    {
+        tasks.post([done = std::move(done)] { done(false); });
+    }
+};
+
+/// Who watches over a running game, and through what. Made when a game or a window first needs it: other commands have
+/// no business with the display.
+struct Play {
+    const std::unique_ptr<Windows> windows = makeWindows();
+    const std::unique_ptr<Keys> keys = makeKeys();
+    const std::unique_ptr<Accessibility> accessibility;
+    PlacementLog log;
+    const GameReach reach;
+    GameFreezer freezer;
+    GameSupervisor supervisor;
+    const std::unique_ptr<LocalSockets> sockets = makeLocalSockets();
+    const std::unique_ptr<ScreenCapture> capture = makeScreenCapture();
+    SaveStates states;
+    Screenshots screenshots;
+
+    Play(const Places &places, Clock &clock, Tasks &tasks, ProcessControl &processes, LibraryStore &library,
+         const Workspace &workspace, const Preferences &preferences, const InstalledEmulators &emulators,
+         ScreenshotStore &pictures)
+        : accessibility(std::make_unique<NoAccessibility>(tasks)),
+          log(places, clock, tasks), reach{places.host, clock, *windows, *accessibility, *keys, processes, log},
+          freezer(reach, library), supervisor(reach, library, workspace, preferences),
+          states({places, clock, tasks, *windows, *keys, *accessibility, processes, *sockets}, library, emulators),
+          screenshots(places, clock, tasks, *windows, *capture, processes)
+    {
+        QObject::connect(&freezer, &GameFreezer::frozenChanged, &supervisor,
+                         [this] { supervisor.setPaused(freezer.frozenPID().has_value()); });
+        QObject::connect(&supervisor, &GameSupervisor::placed, &states, [this] {
+            if (supervisor.game()) states.continueFromState(*supervisor.game());
+        });
+        QObject::connect(&screenshots, &Screenshots::saved, &pictures, &ScreenshotStore::add);
+    }
+};
+
 /// Everything there is while Velko runs: services, then stores, then the window, which is built when it is first
 /// wanted.
 class Program {
@@ -96,6 +158,8 @@ public:
             [this](const Request &request, const std::shared_ptr<Reply> &reply) { serve(request, reply); });
         QObject::connect(
             &m_library, &LibraryStore::gameEnded, &m_commands, [this] { endWhenIdle(); }, Qt::QueuedConnection);
+        QObject::connect(&m_library, &LibraryStore::gameStarted, &m_commands,
+                         [this](const QString &id, const StartedGame &program) { watch(id, program); });
     }
 
     /// What this process was started for. It ends when that is done and nothing else is going on.
@@ -140,9 +204,7 @@ private:
             if (m_window) m_window->hidePointer();
         };
         m_controller.onCancelLaunch = [this] {
-            const bool launching = m_library.launching().has_value();
-            m_library.cancelLaunch();
-            return launching;
+            return (m_play || m_library.launching()) && play().supervisor.cancelLaunch();
         };
     }
 
@@ -164,8 +226,8 @@ private:
 
     bool buildWindow()
     {
-        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_emulators, m_bios, m_changes,
-                                                             m_preferences, m_translator, *m_clock, *m_tasks,
+        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_screenshots, m_emulators, m_bios,
+                                                             m_changes, m_preferences, m_translator, *m_clock, *m_tasks,
                                                              *m_workspace, m_places, m_controller});
         if (!m_window->load()) {
             m_window.reset();
@@ -186,6 +248,25 @@ private:
         return true;
     }
 
+    Play &play()
+    {
+        if (!m_play) {
+            m_play = std::make_unique<Play>(m_places, *m_clock, *m_tasks, *m_processes, m_library, *m_workspace,
+                                            m_preferences, m_emulators, m_screenshots);
+            QObject::connect(&m_play->supervisor, &GameSupervisor::changed, &m_commands, [this] { endWhenIdle(); });
+        }
+        return *m_play;
+    }
+
+    void watch(const QString &id, const StartedGame &program)
+    {
+        const GameEntry *game = m_library.game(id);
+        const GameSettings settings = game ? game->settings.value_or(GameSettings()) : GameSettings();
+        play().supervisor.startWatching(
+            runningGame(id, game ? game->title : QString(), program, m_places.host, m_clock->now()),
+            {.fullScreenWanted = settings.fullScreen.value_or(true), .showCurtain = m_window != nullptr});
+    }
+
     /// A closed window does not end the time of a game that runs.
     void endWhenIdle()
     {
@@ -193,18 +274,21 @@ private:
             &m_commands,
             [this] {
                 const bool windowShown = m_window && m_window->window() && m_window->window()->isVisible();
-                if (windowShown || m_commands.isBusy() || m_library.launching() || !m_library.running().isEmpty())
-                    return;
+                const bool playing = !m_library.running().isEmpty() || (m_play && m_play->supervisor.isEnding());
+                if (windowShown || playing || m_commands.isBusy() || m_library.launching()) return;
                 QCoreApplication::exit(m_exitStatus);
             },
             Qt::QueuedConnection);
     }
 
-    Session session() const
+    Session session()
     {
         Session session;
-        session.displays =
-            qobject_cast<QGuiApplication *>(QCoreApplication::instance()) ? int(QGuiApplication::screens().size()) : 1;
+
+        m_gamepads->start(); // they may be wanted for the first time: no window was opened
+        for (const Pad &pad : m_gamepads->pads())
+            session.controllers += pad.name;
+        session.displays = std::max(int(play().windows->displays().size()), 1);
         session.wayland = m_places.waylandSession && qEnvironmentVariableIsSet("DISPLAY");
         return session;
     }
@@ -213,6 +297,7 @@ private:
     const std::unique_ptr<Clock> m_clock = makeClock();
     const std::unique_ptr<Workspace> m_workspace = makeWorkspace(m_places);
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
+    const std::unique_ptr<Trash> m_trash = makeTrash();
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
     const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
     const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes
@@ -224,8 +309,11 @@ private:
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
     BiosFiles m_bios;
+    ScreenshotStore m_screenshots{m_places, *m_tasks, *m_trash, m_library};
     CommandRunner m_commands;
+
     ControllerInput m_controller{*m_gamepads, *m_clock};
+    std::unique_ptr<Play> m_play;
     std::unique_ptr<VelkoWindow> m_window;
     int m_exitStatus = 0;
 };

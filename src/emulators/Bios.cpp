@@ -1,6 +1,7 @@
 #include "emulators/Bios.h"
 
 #include "catalog/EmulatorDef.h"
+#include "emulators/ConfigFile.h"
 #include "emulators/CoreFinder.h"
 #include "emulators/XemuSetup.h"
 
@@ -80,19 +81,15 @@ std::optional<Message> tellXemu(const QString &key, const QString &path, const s
 {
     InstalledEmulator usual;
     usual.emulatorID = u"xemu"_s;
-    const QString settings = xemuSettingsFile(copy.value_or(usual), places);
-    QFile file(settings);
-    if (!file.open(QFile::ReadOnly) || file.size() > 4 * chunk)
+    const ConfigFileEdit edit =
+        editConfigFile(xemuSettingsFile(copy.value_or(usual), places), [&](const QByteArray &text) {
+            const QString edited = withXemuFiles(QString::fromUtf8(text), {{key, path}});
+            return xemuSystemFiles(edited).value(key) == path ? std::optional(edited.toUtf8()) : std::nullopt;
+        });
+    if (edit.outcome == ConfigFileEdit::Outcome::missing)
         return Message{u"xemu has no settings yet. Start it once and close it, then drop “%@” again."_s,
                        {QFileInfo(path).fileName()}};
-    const QString toml = QString::fromUtf8(file.readAll());
-    const QString edited = withXemuFiles(toml, {{key, path}});
-    if (xemuSystemFiles(edited).value(key) == path) {
-        if (edited == toml) return {};
-        QSaveFile out(settings);
-        const QByteArray bytes = edited.toUtf8();
-        if (out.open(QSaveFile::WriteOnly) && out.write(bytes) == bytes.size() && out.commit()) return {};
-    }
+    if (edit.outcome != ConfigFileEdit::Outcome::failed) return {};
     return Message{u"xemu's settings could not be changed. Select “%@” in xemu (Machine → Settings → System)."_s,
                    {QFileInfo(path).fileName()}};
 }

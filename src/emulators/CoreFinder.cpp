@@ -1,10 +1,11 @@
 #include "emulators/CoreFinder.h"
 
+#include "base/IniText.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -64,9 +65,8 @@ QString corePackage(const QString &consoleID)
 
 std::optional<QString> retroArchDirectory(const QString &key, const QString &configText, const QString &home)
 {
-    const QRegularExpression line(uR"re(^[ \t]*%1[ \t]*=[ \t]*"?([^"\r\n]*?)"?[ \t]*\r?$)re"_s.arg(key),
-                                  QRegularExpression::MultilineOption);
-    QString folder = line.match(configText).captured(1).trimmed();
+    QString folder = iniValues(configText.toUtf8(), {}, key).value(0);
+    folder = folder.remove(u'"').trimmed();
     if (folder.startsWith("~/"_L1)) folder = home + folder.sliced(1);
     // "default" and paths beside the program (":/cores") are covered by the usual folders.
     return QDir::isAbsolutePath(folder) && !folder.startsWith(u':') ? std::optional(QDir::cleanPath(folder))

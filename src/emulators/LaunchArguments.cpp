@@ -15,6 +15,14 @@ bool wantsFullScreen(const LaunchRequest &request)
     return request.settings.fullScreen.value_or(true);
 }
 
+/// With several displays the window is first placed, from outside, and full screen would only be in the way. Wayland
+/// lets nobody place it.
+bool startsFullScreen(const LaunchRequest &request, const LaunchFacts &facts)
+{
+    const bool placedFirst = facts.displays > 1 && !(facts.host == Host::linux && facts.waylandSession);
+    return wantsFullScreen(request) && !placedFirst;
+}
+
 /// The state to load; empty: none.
 QString stateOf(const LaunchRequest &request, const QString &emulatorID, const LaunchFacts &facts)
 {
@@ -90,7 +98,7 @@ QStringList dolphinArguments(const LaunchRequest &request, const QString &state,
     const GameSettings &settings = request.settings;
     const auto set = [](const QString &setting) { return QStringList{u"-C"_s, setting}; };
     QStringList arguments =
-        wantsFullScreen(request) ? fullScreenArguments(u"dolphin"_s) : windowArguments(u"dolphin"_s);
+        startsFullScreen(request, facts) ? fullScreenArguments(u"dolphin"_s) : windowArguments(u"dolphin"_s);
     arguments += set(u"Dolphin.Interface.ConfirmStop=False"_s) + set(u"Dolphin.Analytics.PermissionAsked=True"_s);
     arguments += stateArguments(u"dolphin"_s, state);
     arguments += {u"-b"_s, u"-e"_s, request.path};
@@ -103,7 +111,7 @@ QStringList dolphinArguments(const LaunchRequest &request, const QString &state,
 
 QStringList flycastArguments(const LaunchRequest &request, const QString &state, const LaunchFacts &facts)
 {
-    QStringList settings{u"window:fullscreen="_s + (wantsFullScreen(request) ? u"yes"_s : u"no"_s),
+    QStringList settings{u"window:fullscreen="_s + (startsFullScreen(request, facts) ? u"yes"_s : u"no"_s),
                          u"config:rend.Resolution="_s + quality(request, u"flycast"_s, facts)};
     if (request.settings.showFPS) settings += u"config:rend.ShowFPS=yes"_s;
     if (request.settings.widescreen)
@@ -112,10 +120,10 @@ QStringList flycastArguments(const LaunchRequest &request, const QString &state,
     return {u"-config"_s, settings.join(u','), request.path};
 }
 
-QStringList rpcs3Arguments(const LaunchRequest &request, const QString &state)
+QStringList rpcs3Arguments(const LaunchRequest &request, const QString &state, const LaunchFacts &facts)
 {
     QStringList arguments{u"--no-gui"_s};
-    if (wantsFullScreen(request)) arguments += u"--fullscreen"_s;
+    if (startsFullScreen(request, facts)) arguments += u"--fullscreen"_s;
     // A state names its game.
     return arguments + (state.isEmpty() ? QStringList{request.path} : QStringList{u"--savestate"_s, state});
 }
@@ -123,7 +131,7 @@ QStringList rpcs3Arguments(const LaunchRequest &request, const QString &state)
 QStringList retroArchArguments(const LaunchRequest &request, const QString &state, const LaunchFacts &facts)
 {
     QStringList arguments;
-    if (wantsFullScreen(request)) arguments += u"-f"_s;
+    if (startsFullScreen(request, facts)) arguments += u"-f"_s;
     arguments += {u"-L"_s, facts.core, u"--appendconfig"_s, facts.retroArchConfig};
     if (!state.isEmpty()) arguments += {u"-e"_s, QString::number(retroArchEntrySlot(state))};
     return arguments + QStringList{request.path};
@@ -151,8 +159,7 @@ QStringList macArguments(const LaunchRequest &request, const QString &emulatorID
     QStringList arguments = stateArguments(emulatorID, stateOf(request, emulatorID, facts));
     const bool opensFile = def && !def->args && arguments.isEmpty();
     if (opensFile) return {facts.openEmuCopy.isEmpty() ? request.path : facts.openEmuCopy};
-    // With several displays the window is placed after the start instead.
-    if (wantsFullScreen(request) && facts.displays <= 1) arguments += fullScreenArguments(emulatorID);
+    if (startsFullScreen(request, facts)) arguments += fullScreenArguments(emulatorID);
     if (def) arguments += def->args.value_or(QStringList());
     arguments += request.path;
     if (emulatorID == "dolphin"_L1) {
@@ -167,10 +174,11 @@ QStringList linuxArguments(const LaunchRequest &request, const QString &emulator
     const QString state = stateOf(request, emulatorID, facts);
     if (emulatorID == "dolphin"_L1) return dolphinArguments(request, state, facts);
     if (emulatorID == "flycast"_L1) return flycastArguments(request, state, facts);
-    if (emulatorID == "rpcs3"_L1) return rpcs3Arguments(request, state);
+    if (emulatorID == "rpcs3"_L1) return rpcs3Arguments(request, state, facts);
     if (emulatorID == "retroarch"_L1) return retroArchArguments(request, state, facts);
 
-    QStringList arguments = wantsFullScreen(request) ? fullScreenArguments(emulatorID) : windowArguments(emulatorID);
+    QStringList arguments =
+        startsFullScreen(request, facts) ? fullScreenArguments(emulatorID) : windowArguments(emulatorID);
     arguments += linuxStateArguments(emulatorID, state);
     if (emulatorID == "xemu"_L1 && !facts.xemuSocket.isEmpty()) arguments += monitorArguments(facts.xemuSocket);
     if (request.settings.showFPS) arguments += counterArguments(emulatorID);

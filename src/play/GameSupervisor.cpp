@@ -33,6 +33,7 @@ void GameSupervisor::startWatching(const RunningGame &game, const WatchOptions &
         m_endings.push_back(std::move(m_quit));
     }
     m_game = game;
+    m_paused = false;
     const QList<Monitor> displays = m_reach.windows.displays();
     const auto active = m_reach.windows.activeWindow();
     m_placement.displayName =
@@ -154,11 +155,13 @@ void GameSupervisor::finishQuit(qint64 pid)
 {
     m_library.endSession(pid);
     std::erase_if(m_endings, [pid](const auto &ending) { return ending->pid() == pid; });
-    if (!m_quit || m_quit->pid() != pid) return;
-    m_quit.reset();
-    m_game.reset();
+    const bool newest = m_quit && m_quit->pid() == pid;
+    if (newest) {
+        m_quit.reset();
+        m_game.reset();
+    }
     emit changed();
-    emit quitFinished();
+    if (newest) emit quitFinished();
 }
 
 void GameSupervisor::endHandOver()

@@ -44,6 +44,7 @@ public:
     bool starting() const; ///< B would cancel the launch
     Question question() const; ///< the emulator asks the user something, before the game starts or ends
     bool leaving() const { return m_quit != nullptr; } ///< it is being quit
+    bool isEnding() const { return leaving() || !m_endings.empty(); } ///< so is any game: Velko has to stay for it
     bool handedOver() const; ///< and waits for an answer of the user
     int quitSecondsLeft() const; ///< until it is ended by force; 0 when it is not being quit
 

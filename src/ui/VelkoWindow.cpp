@@ -22,11 +22,15 @@
 #include "ui/LibraryAlerts.h"
 #include "ui/Notices.h"
 #include "ui/PadNavigation.h"
+#include "ui/PlayDayBars.h"
 #include "ui/PointerHider.h"
+#include "ui/ProfileFacts.h"
 #include "ui/QmlTypes.h"
 #include "ui/Renderer.h"
 #include "ui/ShadowImageProvider.h"
 #include "ui/models/LibraryLists.h"
+#include "ui/shots/ScreenshotGallery.h"
+#include "ui/shots/ShotImageProvider.h"
 
 #include <QQmlEngine>
 #include <QQuickView>
@@ -50,6 +54,8 @@ struct VelkoWindow::Content {
           bios(given.bios, given.emulators, given.translator, given.places),
           questions(given.library, given.emulators, given.preferences, given.translator, given.places.host),
           alerts(given.library, given.translator), notices(given.clock),
+          profile(given.library, given.translator, given.clock),
+          gallery(given.screenshots, given.workspace, given.places, localeOf(given.translator)),
           folders(given.places, given.tasks, given.translator),
           lists(given.library, given.emulators, given.app, given.preferences, given.translator, given.places)
     { }
@@ -65,6 +71,8 @@ struct VelkoWindow::Content {
     LaunchQuestions questions;
     LibraryAlerts alerts;
     Notices notices;
+    ProfileFacts profile;
+    ScreenshotGallery gallery;
     FolderList folders;
     LibraryLists lists;
     QQuickView view;
@@ -95,6 +103,11 @@ VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content
     engine->addImageProvider(u"backdrop"_s, new BackdropImageProvider);
     auto *covers = new CoverImageProvider(parts.library, parts.tasks, parts.places.host);
     engine->addImageProvider(u"cover"_s, covers);
+    engine->addImageProvider(u"shot"_s, new ShotImageProvider(parts.places, parts.tasks));
+    QObject::connect(&parts.screenshots, &ScreenshotStore::removeFailed, &m_content->notices,
+                     [content = m_content.get()](const Message &why) {
+                         content->notices.show(content->parts.translator.message(why), u"warn"_s);
+                     });
     QObject::connect(
         &m_content->view, &QQuickWindow::frameSwapped, &m_content->view, [covers] { covers->begin(); },
         Qt::SingleShotConnection);
@@ -135,6 +148,8 @@ bool VelkoWindow::load()
                                {u"questions"_s, QVariant::fromValue(&content.questions)},
                                {u"alerts"_s, QVariant::fromValue(&content.alerts)},
                                {u"notices"_s, QVariant::fromValue(&content.notices)},
+                               {u"profile"_s, QVariant::fromValue(&content.profile)},
+                               {u"gallery"_s, QVariant::fromValue(&content.gallery)},
                                {u"folders"_s, QVariant::fromValue(&content.folders)}});
     view.setSource(page(u"Main.qml"_s));
     return view.status() == QQuickView::Ready;

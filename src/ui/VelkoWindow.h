@@ -11,6 +11,7 @@ class InstalledEmulators;
 class LibraryStore;
 class Preferences;
 class QQuickWindow;
+class ScreenshotStore;
 class Tasks;
 class Translator;
 class Workspace;
@@ -20,6 +21,7 @@ struct Places;
 struct WindowParts {
     AppState &app;
     LibraryStore &library;
+    ScreenshotStore &screenshots;
     InstalledEmulators &emulators;
     BiosFiles &bios;
     EmulatorChanges &changes;

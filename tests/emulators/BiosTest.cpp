@@ -214,7 +214,7 @@ TEST_F(Bios, ofTheXboxIsEnteredInXemusSettings)
     EXPECT_TRUE(english(report.remark.value_or(Message{})).contains("is a good copy"_L1));
     const QByteArray path = home.path().toUtf8() + "/.local/share/xemu/xemu/xbox.qcow2";
     QByteArray expected = settings;
-    expected.replace("'/old' # mine", "'" + path + "'");
+    expected.replace("/old", path);
     EXPECT_EQ(home.read(u".local/share/xemu/xemu/xemu.toml"_s), expected);
 
     const QString flash = home.write(u"Complex_4627.bin"_s, QByteArray(262144, 'f'));
@@ -227,10 +227,10 @@ TEST_F(Bios, ofTheXboxIsEnteredInXemusSettings)
 TEST_F(Bios, settingsOfXemuAreLeftAloneWhenTheyCannotBeEdited)
 {
     const QMap<QString, QString> disk{{u"hdd_path"_s, u"/it's"_s}};
-    EXPECT_EQ(withXemuFiles(u""_s, disk), u"\n[sys.files]\nhdd_path = \"/it's\"\n"_s);
-    for (const QString &toml : {u"[sys]\nfiles.hdd_path = '/a'\n"_s, u"[sys.files]\n[sys]\nfiles.hdd_path = '/a'\n"_s,
-                                u"sys.files.hdd_path = '/a'\n[sys.files"_s})
-        EXPECT_EQ(withXemuFiles(toml, disk).toStdString(), toml.toStdString());
+    EXPECT_EQ(withXemuFiles(u""_s, disk), u"[sys.files]\nhdd_path = \"/it's\"\n"_s);
+    EXPECT_EQ(withXemuFiles(u"[sys]\nfiles.hdd_path = '/a'\n"_s, disk), u"[sys]\nfiles.hdd_path = \"/it's\"\n"_s);
+    const QString broken = u"sys.files.hdd_path = '/a'\n[sys.files"_s;
+    EXPECT_EQ(withXemuFiles(broken, disk).toStdString(), broken.toStdString());
 }
 
 TEST_F(Bios, storeInstallsFilesOfSeveralConsolesAndStartsRpcs3)

@@ -30,6 +30,7 @@ static LaunchFacts facts(Host host, const QString &options = {})
 {
     LaunchFacts facts{.host = host, .home = u"/home/u"_s};
     facts.displays = options.contains("two"_L1) ? 2 : 1;
+    facts.waylandSession = options.contains("wayland"_L1);
     facts.stateExists = options.contains("state"_L1);
     facts.slotBesideGame = options.contains("slot"_L1);
     facts.core = u"/cores/snes9x_libretro.so"_s;
@@ -135,9 +136,9 @@ INSTANTIATE_TEST_SUITE_P(
     Rows, LinuxArguments,
     testing::Values(
         ArgumentRow{"mgba", "", "-f PATH"}, ArgumentRow{"mgba", "state", "-f -t STATE PATH"},
-        ArgumentRow{"mgba", "slot+two", "-f -t SLOT PATH"}, ArgumentRow{"mgba", "window", "PATH"},
-        ArgumentRow{"mgba", "fps", "-f -C showFps=1 PATH"},
-        ArgumentRow{"duckstation", "two", "-fullscreen -batch -- PATH"},
+        ArgumentRow{"mgba", "slot+two", "-t SLOT PATH"}, ArgumentRow{"mgba", "two+wayland", "-f PATH"},
+        ArgumentRow{"mgba", "window", "PATH"}, ArgumentRow{"mgba", "fps", "-f -C showFps=1 PATH"},
+        ArgumentRow{"duckstation", "two", "-nofullscreen -batch -- PATH"},
         ArgumentRow{"duckstation", "state", "-fullscreen -statefile STATE -batch -- PATH"},
         ArgumentRow{"pcsx2", "", "-fullscreen -batch -- PATH"},
         ArgumentRow{"pcsx2", "window+fps", "-nofullscreen -batch -- PATH"},
@@ -159,7 +160,8 @@ INSTANTIATE_TEST_SUITE_P(
         ArgumentRow{"melonds", "", "-f PATH"}, ArgumentRow{"azahar", "", "-f PATH"},
         ArgumentRow{"azahar", "window", "-w PATH"}, ArgumentRow{"ppsspp", "", "--fullscreen PATH"},
         ArgumentRow{"ppsspp", "state", "--fullscreen --state=STATE PATH"},
-        ArgumentRow{"rpcs3", "", "--no-gui --fullscreen PATH"}, ArgumentRow{"rpcs3", "window", "--no-gui PATH"},
+        ArgumentRow{"rpcs3", "", "--no-gui --fullscreen PATH"}, ArgumentRow{"rpcs3", "two", "--no-gui PATH"},
+        ArgumentRow{"rpcs3", "window", "--no-gui PATH"},
         ArgumentRow{"rpcs3", "state", "--no-gui --fullscreen --savestate STATE"}, ArgumentRow{"cemu", "", "-f -g PATH"},
         ArgumentRow{"shadps4", "", "-f true -g PATH"},
         ArgumentRow{"shadps4", "window+fps", "-f false --show-fps -g PATH"},

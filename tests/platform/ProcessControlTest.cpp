@@ -2,9 +2,12 @@
 #include "fakes/FakeProcessControl.h"
 #include "platform/ProcessState.h"
 #include "platform/WaitUntil.h"
+#include "platform/linux/FreezeGuard.h"
 #include "platform/linux/LinuxServices.h"
 
 #include <QProcess>
+#include <QTemporaryDir>
+#include <algorithm>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <limits>
@@ -41,7 +44,7 @@ struct LinuxWorld final : World {
     {
         process.start(u"/bin/sh"_s, {u"-c"_s, u"sh -c 'sleep 60 & wait' & wait"_s});
         process.waitForStarted();
-        waitUntil([this] { return real->tree(game()).size() == 3; });
+        waitUntil([this] { return ProcessTable().program(real->tree(game()).value(2)) == u"sleep"_s; });
     }
     ~LinuxWorld() override
     {
@@ -155,4 +158,107 @@ TEST(LinuxProcessControl, thawsWhatLostItsParentMeanwhile)
     EXPECT_TRUE(world.real->thaw(world.game()));
     EXPECT_TRUE(waitUntil([&] { return stateOf(tree[2]) == 'S'; }));
     world.real->kill(tree[2]);
+}
+
+namespace {
+/// Velko with a game of three processes that it has frozen.
+struct FrozenGame {
+    QTemporaryDir home;
+    QProcess velko;
+    std::unique_ptr<ProcessControl> control = makeProcessControl();
+    QList<qint64> tree;
+    qint64 guard = 0;
+
+    FrozenGame()
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"FREEZE"_s, u"1"_s);
+        velko.setProcessEnvironment(environment);
+        velko.start(QString::fromUtf8(VELKO_BUILD_DIR) + u"/velko-test-starter"_s,
+                    {QString(), home.path(), u"/bin/sh"_s, u"-c"_s, u"sleep 60 & sleep 60 & wait"_s});
+        waitUntil([this] { return velko.canReadLine() || velko.state() == QProcess::NotRunning; });
+        tree = control->tree(velko.readLine().toLongLong());
+        for (const RunningProcess &each : control->running()) {
+            if (each.parent == velko.processId() && each.program == u"velko-freeze-guard"_s) guard = each.pid;
+        }
+    }
+    ~FrozenGame()
+    {
+        for (const qint64 each : tree)
+            control->kill(each);
+        velko.kill();
+        velko.waitForFinished();
+    }
+    bool allAre(bool frozen) const
+    {
+        return !tree.isEmpty()
+            && std::ranges::all_of(tree, [&](qint64 each) { return (stateOf(each) == 'T') == frozen; });
+    }
+};
+}
+
+TEST(FreezeGuard, continuesTheGameWhenVelkoIsKilledAndLeaves)
+{
+    FrozenGame game;
+    ASSERT_GT(game.guard, 0);
+    ASSERT_TRUE(game.allAre(true));
+    ASSERT_TRUE(waitUntil([&] { return stateOf(game.guard) == 'S'; })); // it is not frozen itself
+    game.control->askToQuit(game.guard); // as when the desktop ends everything: it stays as long as Velko
+    game.velko.kill();
+    EXPECT_TRUE(waitUntil([&] { return game.allAre(false); }, std::chrono::seconds(1)));
+    EXPECT_TRUE(waitUntil([&] { return !game.control->isAlive(game.guard); }));
+}
+
+// A game that ended while it was frozen may have left its identifier to somebody else.
+TEST(FreezeGuard, leavesAnotherProcessWithTheSameIdentifierAlone)
+{
+    LinuxWorld world;
+    const QList<qint64> tree = world.real->tree(world.game());
+    for (const qint64 each : tree)
+        ::kill(pid_t(each), SIGSTOP);
+    ASSERT_TRUE(world.becomes(true, tree[0]));
+    pid_t guardProcess = 0;
+    {
+        FreezeGuard guard;
+        guard.aboutToStop(tree[0], ProcessTable().stat(tree[0])->started);
+        guard.aboutToStop(tree[1], ProcessTable().stat(tree[1])->started - 1);
+        guard.aboutToStop(tree[2], ProcessTable().stat(tree[2])->started);
+        guard.hasContinued(tree[2]);
+        guardProcess = guard.process();
+        ASSERT_GT(guardProcess, 1);
+    }
+    EXPECT_FALSE(world.real->isAlive(guardProcess));
+    EXPECT_TRUE(world.becomes(false, tree[0]));
+    EXPECT_EQ(stateOf(tree[1]), 'T');
+    EXPECT_EQ(stateOf(tree[2]), 'T');
+}
+
+TEST(FreezeGuard, isReplacedWhenItWasKilled)
+{
+    LinuxWorld world;
+    const QList<qint64> tree = world.real->tree(world.game());
+    for (const qint64 each : tree)
+        ::kill(pid_t(each), SIGSTOP);
+    auto guard = std::make_unique<FreezeGuard>();
+    guard->aboutToStop(tree[0], ProcessTable().stat(tree[0])->started);
+    const pid_t first = guard->process();
+    ASSERT_EQ(::kill(first, SIGKILL), 0);
+    ASSERT_TRUE(waitUntil([&] { return !world.real->isAlive(first); }));
+    guard->aboutToStop(tree[1], ProcessTable().stat(tree[1])->started);
+    EXPECT_NE(guard->process(), first);
+    guard.reset();
+    EXPECT_TRUE(world.becomes(false, tree[0]));
+    EXPECT_TRUE(world.becomes(false, tree[1]));
+}
+
+TEST(LinuxProcessControl, leavesNothingStoppedWhenItGoes)
+{
+    LinuxWorld world;
+    const QList<qint64> tree = world.real->tree(world.game());
+    auto second = makeProcessControl();
+    ASSERT_TRUE(second->freeze(world.game()));
+    ASSERT_TRUE(world.becomes(true, tree[2]));
+    second.reset();
+    for (const qint64 each : tree)
+        EXPECT_TRUE(world.becomes(false, each));
 }

@@ -3,8 +3,10 @@
 #include "emulators/BiosFiles.h"
 #include "emulators/EmulatorChanges.h"
 #include "fakes/FakeGamepads.h"
+#include "fakes/FakeTrash.h"
 #include "platform/linux/LinuxServices.h"
 #include "play/ControllerInput.h"
+#include "play/ScreenshotStore.h"
 #include "ui/ListHouse.h"
 #include "ui/VelkoWindow.h"
 
@@ -24,6 +26,8 @@ struct WindowHouse : ListHouse {
     std::unique_ptr<Tasks> background = makeTasks();
     BiosFiles bios{places, emulators, preferences, workspace, tasks};
     EmulatorChanges changes{places, clock, tasks, processes};
+    FakeTrash trash;
+    ScreenshotStore screenshots{places, *background, trash, *store};
     FakeGamepads pads;
     ControllerInput controller{pads, clock};
     std::unique_ptr<VelkoWindow> velko;
@@ -42,8 +46,8 @@ struct WindowHouse : ListHouse {
         emulators.refresh();
         controller.isActive = [] { return true; };
         velko =
-            std::make_unique<VelkoWindow>(WindowParts{state, *store, emulators, bios, changes, preferences, translator,
-                                                      clock, *background, workspace, places, controller});
+            std::make_unique<VelkoWindow>(WindowParts{state, *store, screenshots, emulators, bios, changes, preferences,
+                                                      translator, clock, *background, workspace, places, controller});
     }
     ~WindowHouse()
     {

@@ -1,5 +1,8 @@
 #include "platform/linux/ChildProcess.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
 #include <csignal>
 #include <fcntl.h>
 #include <spawn.h>
@@ -83,4 +86,17 @@ int spawn(const ChildProcess &child, pid_t &pid)
     const Attributes attributes;
     return posix_spawn(&pid, child.program.constData(), actions.get(), attributes.get(),
                        pointers(child.arguments).data(), pointers(child.environment).data());
+}
+
+QString companionProgram(const QString &name)
+{
+    const QString folder = QCoreApplication::applicationDirPath();
+    return QStandardPaths::findExecutable(name, {folder, QDir::cleanPath(folder + QLatin1String("/../lib/velko"))});
+}
+
+Descriptor aboveStreams(int number)
+{
+    Descriptor original(number);
+    if (number < 0 || number > 2) return original;
+    return Descriptor(fcntl(number, F_DUPFD_CLOEXEC, 3));
 }

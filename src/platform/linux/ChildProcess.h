@@ -1,7 +1,10 @@
 #pragma once
 
+#include "platform/linux/Descriptor.h"
+
 #include <QByteArray>
 #include <QList>
+#include <QString>
 #include <sys/types.h>
 
 /// A child process to start: in a session and process group of its own, with default signals, and no descriptors but
@@ -18,3 +21,10 @@ struct ChildProcess {
 
 /// Starts it. 0 and its identifier once the program itself runs, else the error number of what the system refused.
 int spawn(const ChildProcess &child, pid_t &pid);
+
+/// A program of ours that stands beside this one, or in "../lib/velko" of its folder; empty when it is missing.
+QString companionProgram(const QString &name);
+
+/// Takes a descriptor over; answers the same one from 3 up: below, it would be in the way of a child's standard
+/// streams.
+Descriptor aboveStreams(int number);

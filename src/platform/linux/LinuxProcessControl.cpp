@@ -1,3 +1,4 @@
+#include "platform/linux/FreezeGuard.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/ProcessTable.h"
 
@@ -15,6 +16,7 @@ namespace {
 
 class LinuxProcessControl final : public ProcessControl {
 public:
+    ~LinuxProcessControl() override;
     QList<RunningProcess> running() const override;
     QList<qint64> tree(qint64 pid) const override { return pid > 0 ? m_table.tree(pid) : QList<qint64>(); }
     bool isAlive(qint64 pid) const override { return pid > 0 && m_table.isAlive(pid); }
@@ -29,11 +31,13 @@ private:
 
     bool send(qint64 pid, int signal) const;
     bool holdsVelko(qint64 pid) const;
-    bool stopMore(qint64 pid, Started &stopped) const;
+    bool stopGuarded(qint64 pid, quint64 started);
+    bool stopMore(qint64 pid, Started &stopped);
 
     ProcessTable m_table;
-    std::mutex m_guard;
-    QHash<qint64, Started> m_frozen; // what was stopped, by the process that was asked for; under the guard
+    std::mutex m_lock; // for the two below
+    QHash<qint64, Started> m_frozen; // what was stopped, by the process that was asked for
+    FreezeGuard m_guard;
 };
 
 }
@@ -44,6 +48,12 @@ static bool isServer(const QByteArray &name)
     static const QSet<QByteArray> servers{"pulseaudio", "pipewire", "pipewire-pulse", "wireplumber", "jackd",
                                           "Xorg",       "Xwayland", "Xephyr",         "Xvfb",        "gamescope"};
     return servers.contains(name);
+}
+
+LinuxProcessControl::~LinuxProcessControl()
+{
+    for (const qint64 pid : m_frozen.keys())
+        thaw(pid);
 }
 
 QList<RunningProcess> LinuxProcessControl::running() const
@@ -85,15 +95,24 @@ bool LinuxProcessControl::holdsVelko(qint64 pid) const
     return ancestor == pid;
 }
 
+bool LinuxProcessControl::stopGuarded(qint64 pid, quint64 started)
+{
+    const std::scoped_lock lock(m_lock);
+    m_guard.aboutToStop(pid, started);
+    if (send(pid, SIGSTOP)) return true;
+    m_guard.hasContinued(pid);
+    return false;
+}
+
 /// Stops what is not stopped yet in a tree. True when there may be more: something was new, or has not come to its
 /// stop yet and may still be about to start a child.
-bool LinuxProcessControl::stopMore(qint64 pid, Started &stopped) const
+bool LinuxProcessControl::stopMore(qint64 pid, Started &stopped)
 {
     bool more = false;
     for (const qint64 each : m_table.tree(pid)) {
         const auto present = m_table.stat(each);
         if (!present || isServer(present->name)) continue;
-        if (!stopped.contains(each) && send(each, SIGSTOP)) stopped.insert(each, present->started);
+        if (!stopped.contains(each) && stopGuarded(each, present->started)) stopped.insert(each, present->started);
         more = more || !present->isHalted();
     }
     return more;
@@ -107,7 +126,7 @@ bool LinuxProcessControl::freeze(qint64 pid)
     const QDeadlineTimer deadline(50ms);
     while (stopMore(pid, stopped) && !deadline.hasExpired())
         sched_yield();
-    const std::scoped_lock lock(m_guard);
+    const std::scoped_lock lock(m_lock);
     m_frozen[pid].insert(stopped);
     return true;
 }
@@ -117,7 +136,7 @@ bool LinuxProcessControl::thaw(qint64 pid)
 {
     Started stopped;
     {
-        const std::scoped_lock lock(m_guard);
+        const std::scoped_lock lock(m_lock);
         stopped = m_frozen.take(pid);
     }
     QList<qint64> tree = this->tree(pid);
@@ -130,6 +149,9 @@ bool LinuxProcessControl::thaw(qint64 pid)
         const bool sent = send(*each, SIGCONT);
         if (*each == pid) reached = sent;
     }
+    const std::scoped_lock lock(m_lock);
+    for (auto each = stopped.begin(); each != stopped.end(); ++each)
+        m_guard.hasContinued(each.key());
     return reached;
 }
 

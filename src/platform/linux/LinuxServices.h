@@ -3,10 +3,14 @@
 #include "platform/Clock.h"
 #include "platform/FileIndex.h"
 #include "platform/Gamepads.h"
+#include "platform/HotKey.h"
+#include "platform/Http.h"
+#include "platform/Keys.h"
 #include "platform/LocalSockets.h"
 #include "platform/Places.h"
 #include "platform/ProcessControl.h"
 #include "platform/RequestChannel.h"
+#include "platform/ScreenCapture.h"
 #include "platform/Tasks.h"
 #include "platform/Trash.h"
 #include "platform/Windows.h"
@@ -26,7 +30,9 @@ std::unique_ptr<Tasks> makeTasks();
 /// again. Programs go on when the workspace is destroyed. Needs a running event loop to notice ends.
 std::unique_ptr<Workspace> makeWorkspace(const Places &places);
 
-/// Never touches process 1 or Velko itself, and stops no sound or display server.
+/// Never touches process 1 or Velko itself, and stops no sound or display server. What it has stopped goes on when it
+/// is destroyed, and also when Velko dies: `velko-freeze-guard`, a program beside ours or in "../lib/velko" of its
+/// folder, sees to that. It is started with the first freeze.
 std::unique_ptr<ProcessControl> makeProcessControl();
 
 /// Asks plocate (its own database, unless another is given), then walks. Without plocate nothing begins with anything.
@@ -47,6 +53,18 @@ std::unique_ptr<LocalSockets> makeLocalSockets();
 /// that of the environment.
 std::unique_ptr<Windows> makeWindows(const QByteArray &display = {});
 
+/// On X11 and XWayland. Connects when first used. A key that is still held is released for the stroke.
+std::unique_ptr<Keys> makeKeys(const QByteArray &display = {});
+
+/// On X11; on XWayland it reaches us while an X11 window has the keyboard, as a game's. Connects when first used.
+std::unique_ptr<HotKey> makeHotKey(const QByteArray &display = {});
+
+/// On X11; on XWayland single windows only. Connects when first used.
+std::unique_ptr<ScreenCapture> makeScreenCapture(const QByteArray &display = {});
+
 /// Through SDL, without its video and its signal handlers. Costs nothing while no controller is connected or none is
 /// touched. The clock outlives it.
 std::unique_ptr<Gamepads> makeGamepads(Clock &clock, const QString &deviceFolder = QStringLiteral("/dev/input"));
+
+/// Opens nothing before the first request. Needs a running event loop. The clock outlives it.
+std::unique_ptr<Http> makeHttp(Clock &clock);

@@ -4,7 +4,6 @@
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/StartFailure.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSocketNotifier>
@@ -39,26 +38,11 @@ static QList<QByteArray> encoded(const QStringList &texts)
     return all;
 }
 
-/// The same descriptor from 3 up: below, it would be in the way of a child's standard streams.
-static Descriptor aboveStreams(int number)
-{
-    Descriptor original(number);
-    if (number < 0 || number > 2) return original;
-    return Descriptor(fcntl(number, F_DUPFD_CLOEXEC, 3));
-}
-
 static Descriptor newFile(const QString &path)
 {
     QDir().mkpath(QFileInfo(path).path());
     return aboveStreams(
         open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0600));
-}
-
-static QString sessionLogProgram()
-{
-    const QString folder = QCoreApplication::applicationDirPath();
-    return QStandardPaths::findExecutable(u"velko-session-log"_s,
-                                          {folder, QDir::cleanPath(folder + u"/../lib/velko"_s)});
 }
 
 namespace {
@@ -123,7 +107,7 @@ Result<qint64> LinuxWorkspace::start(const StartRequest &request)
 /// The end of the pipe that leads to a log writer; none when nothing is to be kept, or cannot be.
 Descriptor LinuxWorkspace::startLog(const QString &file)
 {
-    const QString program = file.isEmpty() ? QString() : sessionLogProgram();
+    const QString program = file.isEmpty() ? QString() : companionProgram(u"velko-session-log"_s);
     if (program.isEmpty()) return {};
     const Descriptor kept = newFile(file);
     int ends[2] = {-1, -1};

@@ -10,13 +10,16 @@
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/VirtualPad.h"
 #include "play/ControllerInput.h"
+#include "play/ScreenshotStore.h"
 #include "ui/VelkoWindow.h"
 #include "ui/demo/DemoLibrary.h"
+#include "ui/demo/DemoShots.h"
 #include "ui/demo/ScrollTest.h"
 
 #include "fakes/FakeFileIndex.h"
 #include "fakes/FakeGamepads.h"
 #include "fakes/FakeProcessControl.h"
+#include "fakes/FakeTrash.h"
 #include "fakes/FakeWorkspace.h"
 #include "fakes/TemporaryHome.h"
 
@@ -137,7 +140,11 @@ int main(int argc, char **argv)
         for (const GameEntry &game : games.mid(0, 40))
             home.write(QDir(home.path()).relativeFilePath(game.path));
         library.add(games);
+        if (options.value(u"tab"_s) == u"profile")
+            writeDemoShots(library.games(), clock->now(), screenshotFolder(places.pictures));
     }
+    FakeTrash trash;
+    ScreenshotStore screenshots(places, *tasks, trash, library);
     InstalledEmulators emulators(places, workspace, index, preferences, *tasks);
     emulators.refresh();
     app.setTabName(options.value(u"tab"_s));
@@ -151,8 +158,8 @@ int main(int argc, char **argv)
     FakeGamepads pads;
     ControllerInput controller(pads, *clock);
     controller.isActive = [] { return true; };
-    VelkoWindow window({app, library, emulators, bios, changes, preferences, translator, *clock, *tasks, workspace,
-                        places, controller});
+    VelkoWindow window({app, library, screenshots, emulators, bios, changes, preferences, translator, *clock, *tasks,
+                        workspace, places, controller});
     if (!window.load()) return 1;
     const QStringList size = options.value(u"size"_s).split(u'x');
     window.window()->resize(size.value(0).toInt(), size.value(1).toInt());

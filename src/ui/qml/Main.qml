@@ -20,6 +20,8 @@ FocusScope {
     required property BiosFacts bios
     required property Notices notices
     required property FolderList folders
+    required property ProfileFacts profile
+    required property ScreenshotGallery gallery
     readonly property bool modal: overlays.busy
     readonly property int barHeight: hintBar.active ? 56 : 0
 
@@ -38,6 +40,8 @@ FocusScope {
     Binding { target: root.gameEmulator; property: "emulatorID"; value: root.openGame.options.engine }
     Binding { target: root.bios; property: "consoleID"; value: root.app.selectedConsole }
     Binding { target: root.home; property: "active"; value: root.app.tab === "home" }
+    Binding { target: root.profile; property: "active"; value: root.app.tab === "profile" }
+    Binding { target: root.gallery; property: "active"; value: root.app.tab === "profile" }
 
     Rectangle {
         anchors.fill: parent
@@ -78,6 +82,8 @@ FocusScope {
                 home: root.home
                 openGame: root.openGame
                 gameEmulator: root.gameEmulator
+                profile: root.profile
+                gallery: root.gallery
                 alerts: root.alerts
                 bios: root.bios
                 onFilesWanted: overlays.show("files")
@@ -112,6 +118,7 @@ FocusScope {
         bios: root.bios
         notices: root.notices
         folders: root.folders
+        gallery: root.gallery
     }
     Loader {
         id: hintBar

@@ -14,10 +14,11 @@ FocusScope {
     required property BiosFacts bios
     required property Notices notices
     required property FolderList folders
+    required property ScreenshotGallery gallery
     property string wanted ///< by the user: "menu", "about", "folder", "remove", "rename", "emulator", "files"; empty: none
     readonly property string shown: alerts.missingText !== "" ? "missing" : questions.controllerTitle !== "" ? "controller"
-        : questions.setupText !== "" ? "setup"
-        : alerts.errorText !== "" ? "error" : app.report ? "report" : wanted
+        : questions.setupText !== "" ? "setup" : alerts.errorText !== "" ? "error" : app.report ? "report"
+        : wanted !== "" ? wanted : gallery.viewing || gallery.asking ? "shots" : ""
     readonly property bool busy: shown !== ""
 
     function show(name) { root.wanted = name }
@@ -30,10 +31,11 @@ FocusScope {
         anchors.fill: parent
         focus: true
         active: root.busy
-        sourceComponent: root.shown === "missing" ? missing : root.shown === "controller" ? controller : root.shown === "setup" ? setup : root.shown === "error" ? error
+        sourceComponent: root.shown === "missing" ? missing : root.shown === "controller" ? controller
+            : root.shown === "setup" ? setup : root.shown === "error" ? error
             : root.shown === "report" ? report : root.shown === "menu" ? menu : root.shown === "about" ? about
             : root.shown === "folder" ? folder : root.shown === "remove" ? remove : root.shown === "rename" ? rename
-            : root.shown === "emulator" ? emulatorSheet : root.shown === "files" ? files : null
+            : root.shown === "emulator" ? emulatorSheet : root.shown === "files" ? files : root.shown === "shots" ? shots : null
         onLoaded: (item as Item).forceActiveFocus()
     }
     Component {
@@ -180,6 +182,10 @@ FocusScope {
                 root.app.selectedConsole = consoleID
             }
         }
+    }
+    Component {
+        id: shots
+        ShotSurface { gallery: root.gallery }
     }
     Component {
         id: rename

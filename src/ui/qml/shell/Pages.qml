@@ -13,6 +13,8 @@ FocusScope {
     required property EmulatorFacts gameEmulator
     required property LibraryAlerts alerts
     required property BiosFacts bios
+    required property ProfileFacts profile
+    required property ScreenshotGallery gallery
     readonly property bool gameShown: app.detailGame !== "" && openGame.exists
     signal folderWanted
     signal emulatorWanted(string emulatorID)
@@ -30,8 +32,8 @@ FocusScope {
               parts: { app: root.app, library: root.library, keeper: root.keeper, lists: root.lists, bios: root.bios } },
             { name: "essentials", page: "LaterPage.qml", parts: { title: "Essentials", icon: "tools",
               text: "Installing and updating emulators from here comes with a later version. Emulators that are installed on this computer are found by themselves." } },
-            { name: "profile", page: "LaterPage.qml", parts: { title: "Profile", icon: "profile",
-              text: "Your statistics and screenshots come together here in a later version. Play time is counted already." } },
+            { name: "profile", page: "../profile/ProfilePage.qml",
+              parts: { app: root.app, keeper: root.keeper, profile: root.profile, gallery: root.gallery } },
             { name: "social", page: "LaterPage.qml", parts: { title: "Social", icon: "social",
               text: "There is nothing to share with others in this version of Velko yet." } }
         ]
@@ -52,12 +54,8 @@ FocusScope {
         anchors.fill: parent
         active: root.gameShown
         focus: root.gameShown
-<<<<<<< HEAD
-        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, lists: root.lists, game: root.openGame })
-=======
-        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, game: root.openGame,
-            emulator: root.gameEmulator })
->>>>>>> main
+        Component.onCompleted: setSource("../game/GamePage.qml", { app: root.app, keeper: root.keeper, lists: root.lists,
+            game: root.openGame, emulator: root.gameEmulator })
         onLoaded: (item as Item).forceActiveFocus()
     }
     Connections {
