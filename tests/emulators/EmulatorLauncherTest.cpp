@@ -167,7 +167,8 @@ TEST_F(Launcher, writesRetroArchsSettingsBeforeItStarts)
 
     launch(u"snes"_s, home.write(u"game.sfc"_s));
     tasks.finish();
-    EXPECT_TRUE(english(answers.last().failure()).startsWith(u"RetroArch has no core for Super Nintendo yet."_s));
+    EXPECT_TRUE(
+        english(answers.last().failure().message).startsWith(u"RetroArch has no core for Super Nintendo yet."_s));
 }
 
 TEST_F(Launcher, startsNativeGamesThemselves)
@@ -183,7 +184,7 @@ TEST_F(Launcher, startsNativeGamesThemselves)
     EXPECT_EQ(lastStart().environment.value(u"MANGOHUD"_s), u"1"_s);
     launch(u"native"_s, home.write(u"Games/readme.txt"_s));
     tasks.finish();
-    EXPECT_TRUE(english(answers.last().failure()).contains(u"isn't allowed to run yet"_s));
+    EXPECT_TRUE(english(answers.last().failure().message).contains(u"isn't allowed to run yet"_s));
 }
 
 TEST_F(Launcher, endsARunningCemuFirst)
@@ -215,7 +216,7 @@ TEST_F(Launcher, endsARunningCemuFirst)
     tasks.finish();
     clock.advance(1min);
     EXPECT_EQ(workspace.started.size(), 2);
-    EXPECT_EQ(english(answers.last().failure()),
+    EXPECT_EQ(english(answers.last().failure().message),
               u"Cemu is still running and doesn't close. Quit it, then play again."_s);
     EXPECT_EQ(answers.size(), 3);
     EXPECT_EQ(clock.pending(), 0);

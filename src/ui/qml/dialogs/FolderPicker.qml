@@ -124,7 +124,7 @@ Sheet {
             textSize: 15.5
             kind: "primary"
             text: !root.files ? Tr.translate("Add this folder")
-                : root.folders.marked.length === 1 ? Tr.translate("Take this file") : Tr.fill("Take %ld files", [root.folders.marked.length])
+                : root.folders.marked.length < 2 ? Tr.translate("Take this file") : Tr.fill("Take %ld files", [root.folders.marked.length])
             available: root.files ? root.folders.marked.length > 0 : root.folders.folder !== "/"
             onActivated: root.files ? root.filesChosen(root.folders.marked) : root.chosen(root.folders.folder)
         }

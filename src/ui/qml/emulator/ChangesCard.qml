@@ -41,11 +41,12 @@ Card {
             visible: root.emulator.edits.length > 0
             width: parent.width
             Repeater {
-                model: root.all ? root.emulator.edits : root.emulator.edits.slice(0, root.few)
+                model: root.emulator.edits
                 Item {
                     id: edit
                     required property var modelData
                     required property int index
+                    visible: root.all || index < root.few
                     width: parent.width
                     height: 58
                     Accessible.role: Accessible.ListItem
