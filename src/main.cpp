@@ -10,6 +10,7 @@
 #include "emulators/EmulatorChanges.h"
 #include "emulators/EmulatorFinder.h"
 #include "emulators/EmulatorLauncher.h"
+#include "emulators/FramePatches.h"
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryStore.h"
 #include "platform/Accessibility.h"
@@ -80,26 +81,6 @@ int askOwner(RequestChannel &channel, const QStringList &arguments)
     return QCoreApplication::exec();
 }
 
-/// Until other programs' menus can be reached: nothing is found, and nothing pressed.
-struct NoAccessibility final : Accessibility {
-    Tasks &tasks;
-
-    explicit NoAccessibility(Tasks &background) : tasks(background) { }
-    bool isAvailable() const override { return false; }
-    void windows(const QList<qint64> &, std::function<void(QList<AccessibleWindow>)> done) override
-    {
-        tasks.post([done = std::move(done)] { done({}); });
-    }
-    void menu(const QList<qint64> &, const QStringList &, std::function<void(QList<MenuEntry>)> done) override
-    {
-        tasks.post([done = std::move(done)] { done({}); });
-    }
-    void press(const MenuEntry &, std::function<void(bool)> done) override
-    {
-        tasks.post([done = std::move(done)] { done(false); });
-    }
-};
-
 /// Who watches over a running game, and through what. Made when a game or a window first needs it: other commands have
 /// no business with the display.
 struct Play {
@@ -118,7 +99,7 @@ struct Play {
     Play(const Places &places, Clock &clock, Tasks &tasks, ProcessControl &processes, LibraryStore &library,
          const Workspace &workspace, const Preferences &preferences, const InstalledEmulators &emulators,
          ScreenshotStore &pictures)
-        : accessibility(std::make_unique<NoAccessibility>(tasks)),
+        : accessibility(makeAccessibility(tasks)),
           log(places, clock, tasks), reach{places.host, clock, *windows, *accessibility, *keys, processes, log},
           freezer(reach, library), supervisor(reach, library, workspace, preferences),
           states({places, clock, tasks, *windows, *keys, *accessibility, processes, *sockets}, library, emulators),
@@ -143,6 +124,8 @@ public:
                        places.host),
           m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
           m_changes(places, *m_clock, *m_tasks, *m_processes),
+          m_patches(places, endpointsFrom(qEnvironmentVariable("VELKO_ENDPOINTS")), m_emulators, *m_http, *m_clock,
+                    *m_tasks),
           m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators, m_changes,
                      [this] { return session(); }),
           m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
@@ -150,9 +133,8 @@ public:
           m_commands(places, m_library, m_emulators.finder(), preferences, m_bios, *m_tasks, m_translator)
     {
         m_state.setProperty("language", code(m_translator.language()));
+        m_launcher.setPatches(&m_patches);
         connectController();
-        // Without a window, controllers matter once there is a game; the start of it does not wait for them.
-        QObject::connect(&m_library, &LibraryStore::gameStarted, &m_controller, [this] { m_gamepads->start(); });
         QObject::connect(
             &channel, &RequestChannel::requested, &m_commands,
             [this](const Request &request, const std::shared_ptr<Reply> &reply) { serve(request, reply); });
@@ -206,6 +188,14 @@ private:
         m_controller.onCancelLaunch = [this] {
             return (m_play || m_library.launching()) && play().supervisor.cancelLaunch();
         };
+        QObject::connect(m_hotKey.get(), &HotKey::pressed, &m_controller, [this] {
+            if (m_controller.onGuide) m_controller.onGuide();
+        });
+        // Until there is a game, the key belongs to other programs.
+        QObject::connect(&m_library, &LibraryStore::gameStarted, m_hotKey.get(), [this] {
+            const auto grabbed = m_hotKey->grab({Qt::Key_Escape, Qt::ControlModifier});
+            if (!grabbed) qWarning("%s", qPrintable(english(grabbed.failure())));
+        });
     }
 
     void showWindow(const Command &command, Reply &reply)
@@ -228,7 +218,7 @@ private:
     {
         m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_screenshots, m_emulators, m_bios,
                                                              m_changes, m_preferences, m_translator, *m_clock, *m_tasks,
-                                                             *m_workspace, m_places, m_controller});
+                                                             *m_workspace, m_places, m_controller, &m_patches});
         if (!m_window->load()) {
             m_window.reset();
             return false;
@@ -299,13 +289,16 @@ private:
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
     const std::unique_ptr<Trash> m_trash = makeTrash();
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
+    const std::unique_ptr<Http> m_http = makeHttp(*m_clock);
     const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
+    const std::unique_ptr<HotKey> m_hotKey = makeHotKey();
     const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes
     Preferences &m_preferences;
     Translator m_translator;
     AppState m_state;
     InstalledEmulators m_emulators;
     EmulatorChanges m_changes;
+    FramePatches m_patches;
     EmulatorLauncher m_launcher;
     LibraryStore m_library;
     BiosFiles m_bios;

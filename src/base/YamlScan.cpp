@@ -172,9 +172,10 @@ std::optional<YamlEntry> entryAt(const QByteArray &text, qsizetype start, qsizet
         entry.key = QString::fromUtf8(text.sliced(start, walker.trimmedEnd(start) - start));
     }
     if (walker.current() != ':') return {};
-    ++walker.position;
+    const qsizetype colon = ++walker.position;
     walker.skipBlanks();
-    entry.valueStart = entry.valueEnd = std::min(walker.position, end);
+    // Without a value, one goes right behind the colon, before a comment.
+    entry.valueStart = entry.valueEnd = walker.position < end ? walker.position : colon;
     return entry;
 }
 
@@ -190,6 +191,9 @@ bool readValue(const QByteArray &text, YamlEntry &entry, qsizetype lineEnd, qsiz
         } else if (first == '"' || first == '\'') {
             if (!walker.quoted()) return false;
             entry.valueEnd = walker.position;
+            while (walker.current() == ' ')
+                ++walker.position;
+            if (!walker.atEnd() && !QByteArrayView("#\r\n").contains(walker.current())) return false;
         } else {
             for (; walker.position < lineEnd; ++walker.position) {
                 if (walker.current() == '#' && isBlank(text[walker.position - 1])) break;
@@ -227,6 +231,11 @@ bool readValue(const QByteArray &text, YamlEntry &entry, qsizetype lineEnd, qsiz
     return true;
 }
 
+bool opensFlow(const QByteArray &text, const YamlEntry &entry)
+{
+    return entry.valueStart < text.size() && QByteArrayView("{[").contains(text[entry.valueStart]);
+}
+
 QList<YamlEntry> blockEntries(const QByteArray &text, const YamlMapping &mapping, bool &good)
 {
     struct Found {
@@ -247,8 +256,10 @@ QList<YamlEntry> blockEntries(const QByteArray &text, const YamlMapping &mapping
         if (marker && found.isEmpty() && rest.size() <= 3) continue;
         if (marker && rest.startsWith('%')) continue;
         if (indentation < 0) indentation = blanks;
-        const bool goesOn = blanks > indentation || rest.startsWith("- ") || rest == "-" || rest.startsWith('}')
-            || rest.startsWith(']');
+        const bool item = rest.startsWith("- ") || rest == "-";
+        const bool closing = rest.startsWith('}') || rest.startsWith(']');
+        const bool goesOn =
+            blanks > indentation || item || (closing && !found.isEmpty() && opensFlow(text, found.last().entry));
         if (!found.isEmpty() && goesOn) {
             found.last().entry.end = line.next;
             continue;

@@ -1,13 +1,14 @@
 #include "emulators/Bios.h"
 
-#include "catalog/EmulatorDef.h"
 #include "emulators/ConfigFile.h"
 #include "emulators/CoreFinder.h"
+#include "emulators/EmulatorFolders.h"
 #include "emulators/XemuSetup.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QSaveFile>
 
 using namespace Qt::StringLiterals;
@@ -18,16 +19,6 @@ static constexpr int mostFilesLookedAt = 200;
 static constexpr qint64 chunk = 1024 * 1024;
 
 namespace {
-
-/// A folder of the catalog, relative to the home, where the base folders are: "$XDG_CONFIG_HOME", or Flatpak's own.
-QString below(const QString &folder, const QString &home, const QString &config, const QString &data)
-{
-    const QString configPart = u".config/"_s;
-    const QString dataPart = u".local/share/"_s;
-    if (folder.startsWith(configPart)) return config + u'/' + folder.sliced(configPart.size());
-    if (folder.startsWith(dataPart)) return data + u'/' + folder.sliced(dataPart.size());
-    return home + u'/' + folder;
-}
 
 QString retroArchSystemFolder(const InstalledEmulator &retroArch, const Places &places)
 {
@@ -40,17 +31,13 @@ QString retroArchSystemFolder(const InstalledEmulator &retroArch, const Places &
     return folder + u"/system"_s;
 }
 
-/// Where emulators depart from the folder of the catalog.
-std::optional<QString> ownFolder(const InstalledEmulator &copy, const Places &places)
+/// The copy that is used, else the one that a package would install.
+InstalledEmulator copyOrUsual(const Console &console, const std::optional<InstalledEmulator> &copy)
 {
-    if (copy.emulatorID == "retroarch"_L1) return retroArchSystemFolder(copy, places);
-    if (copy.emulatorID == "xemu"_L1) return QFileInfo(xemuSettingsFile(copy, places)).path();
-    if (copy.emulatorID != "duckstation"_L1) return {};
-    // DuckStation takes the configuration folder only when the user has moved it.
-    if (copy.kind == ApplicationKind::flatpak)
-        return places.home + u"/.var/app/"_s + copy.applicationID + u"/config/duckstation/bios"_s;
-    const bool moved = places.config != places.home + u"/.config"_s;
-    return (moved ? places.config : places.data) + u"/duckstation/bios"_s;
+    InstalledEmulator usual;
+    usual.emulatorID = console.emulators.value(0);
+    usual.path = u"/usr/bin/"_s + usual.emulatorID;
+    return copy.value_or(usual);
 }
 
 Message copyFailure(const QString &reason)
@@ -76,16 +63,13 @@ std::optional<QString> copyWhole(const QString &from, const QString &to)
 
 /// Writes the path of a copied file into xemu's settings. Answers what the user must still do; nothing when xemu knows
 /// the file.
-std::optional<Message> tellXemu(const QString &key, const QString &path, const std::optional<InstalledEmulator> &copy,
+std::optional<Message> tellXemu(const QString &key, const QString &path, const InstalledEmulator &xemu,
                                 const Places &places)
 {
-    InstalledEmulator usual;
-    usual.emulatorID = u"xemu"_s;
-    const ConfigFileEdit edit =
-        editConfigFile(xemuSettingsFile(copy.value_or(usual), places), [&](const QByteArray &text) {
-            const QString edited = withXemuFiles(QString::fromUtf8(text), {{key, path}});
-            return xemuSystemFiles(edited).value(key) == path ? std::optional(edited.toUtf8()) : std::nullopt;
-        });
+    const ConfigFileEdit edit = editConfigFile(xemuSettingsFile(xemu, places), [&](const QByteArray &text) {
+        const QString edited = withXemuFiles(QString::fromUtf8(text), {{key, path}});
+        return xemuSystemFiles(edited).value(key) == path ? std::optional(edited.toUtf8()) : std::nullopt;
+    });
     if (edit.outcome == ConfigFileEdit::Outcome::missing)
         return Message{u"xemu has no settings yet. Start it once and close it, then drop “%@” again."_s,
                        {QFileInfo(path).fileName()}};
@@ -108,19 +92,15 @@ QList<QPair<QString, BiosIdentity>> found(const Console &console, const QString 
     return all;
 }
 
-BiosState firmwareState(const std::optional<InstalledEmulator> &copy, const Places &places)
+BiosState firmwareState(const InstalledEmulator &rpcs3, const Places &places)
 {
-    const bool flatpak = copy && copy->kind == ApplicationKind::flatpak;
-    const QString config = flatpak ? places.home + u"/.var/app/"_s + copy->applicationID + u"/config"_s : places.config;
-    const bool there = QFileInfo(config + u"/rpcs3/dev_flash/vsh/etc/version.txt"_s).isFile();
-    return {there ? BiosPresence::present : BiosPresence::missing, {}, {}};
+    const QString version = emulatorFolders(rpcs3, places).config + u"/dev_flash/vsh/etc/version.txt"_s;
+    return {QFileInfo(version).isFile() ? BiosPresence::present : BiosPresence::missing, {}, {}};
 }
 
-BiosState xboxState(const std::optional<InstalledEmulator> &copy, const Places &places)
+BiosState xboxState(const InstalledEmulator &xemu, const Places &places)
 {
-    InstalledEmulator usual;
-    usual.emulatorID = u"xemu"_s;
-    QFile file(xemuSettingsFile(copy.value_or(usual), places));
+    QFile file(xemuSettingsFile(xemu, places));
     QMap<QString, QString> files;
     if (file.open(QFile::ReadOnly)) files = xemuSystemFiles(QString::fromUtf8(file.read(4 * chunk)));
     BiosState state{.presence = BiosPresence::present, .missing = missingXemuFiles(files)};
@@ -140,30 +120,31 @@ QString biosFolder(const Console &console, const std::optional<InstalledEmulator
     if (!console.bios || console.bios->dest.kind == BiosDest::Kind::ps3Firmware) return {};
     const QString &folder = console.bios->dest.folder;
     if (places.host == Host::mac) return places.home + u'/' + folder;
-    const bool isUsual = !copy || console.emulators.value(0) == copy->emulatorID;
-    InstalledEmulator usual;
-    usual.emulatorID = console.emulators.value(0);
-    if (const auto own = ownFolder(copy.value_or(usual), places)) return *own;
-    if (isUsual && copy && copy->kind == ApplicationKind::flatpak) {
-        const QString app = places.home + u"/.var/app/"_s + copy->applicationID;
-        return below(folder, places.home, app + u"/config"_s, app + u"/data"_s);
-    }
-    return below(folder, places.home, places.config, places.data);
+    static const QHash<QString, QString> belowData{{u"duckstation"_s, u"/bios"_s},
+                                                   {u"pcsx2"_s, u"/bios"_s},
+                                                   {u"flycast"_s, u""_s},
+                                                   {u"xemu"_s, u""_s},
+                                                   {u"shadps4"_s, u"/sys_modules"_s}};
+    const InstalledEmulator emulator = copyOrUsual(console, copy);
+    if (emulator.emulatorID == "retroarch"_L1) return retroArchSystemFolder(emulator, places);
+    const QString own = emulatorFolders(emulator, places).data;
+    return own.isEmpty() || !belowData.contains(emulator.emulatorID) ? places.home + u'/' + folder
+                                                                     : own + belowData.value(emulator.emulatorID);
 }
 
 BiosState biosState(const Console &console, const std::optional<InstalledEmulator> &copy, const Places &places)
 {
     if (!console.bios) return {};
-    if (console.bios->dest.kind == BiosDest::Kind::ps3Firmware) return firmwareState(copy, places);
-    BiosState state;
+    if (console.bios->dest.kind == BiosDest::Kind::ps3Firmware)
+        return firmwareState(copyOrUsual(console, copy), places);
+    const QString folder = biosFolder(console, copy, places);
     if (console.id == "xbox"_L1) {
-        state = xboxState(copy, places);
-        state.folder = biosFolder(console, copy, places);
+        BiosState state = xboxState(copyOrUsual(console, copy), places);
+        state.folder = folder;
         return state;
     }
-    state.folder = biosFolder(console, copy, places);
-    const auto files = found(console, state.folder);
-    state.presence = files.isEmpty() ? BiosPresence::missing : BiosPresence::unknownFile;
+    const auto files = found(console, folder);
+    BiosState state{.presence = files.isEmpty() ? BiosPresence::missing : BiosPresence::unknownFile, .folder = folder};
     for (const auto &[name, identity] : files) {
         if (identity.grade == Grade::good) state.presence = BiosPresence::present;
         state.remarks += biosRemark(identity, name, console.bios->label);
@@ -201,6 +182,7 @@ BiosReport installBios(const Console &console, const QString &file, const std::o
     if (identity.consoleID != console.id) identity = {};
     report.remark = biosRemark(identity, info.fileName(), console.bios->label);
     if (identity.xemuKey.isEmpty() || identity.grade == Grade::badDump) return report;
-    if (const auto remaining = tellXemu(identity.xemuKey, target, copy, places)) report.remark = remaining;
+    if (const auto remaining = tellXemu(identity.xemuKey, target, copyOrUsual(console, copy), places))
+        report.remark = remaining;
     return report;
 }

@@ -2,6 +2,7 @@
 
 #include "emulators/ControllerClass.h"
 #include "emulators/EmulatorChanges.h"
+#include "emulators/FramePatches.h"
 #include "emulators/InstalledEmulators.h"
 #include "emulators/QualityValue.h"
 #include "platform/Preferences.h"
@@ -23,6 +24,15 @@ EmulatorLauncher::EmulatorLauncher(const Places &places, Preferences &preference
 { }
 
 void EmulatorLauncher::launch(const LaunchRequest &request, Done done)
+{
+    if (!m_patches || !request.settings.fps60) return prepare(request, std::move(done));
+    const QPointer<EmulatorLauncher> alive(this);
+    m_patches->prepare(request.consoleID, [alive, request, done = std::move(done)] {
+        if (alive) alive->prepare(request, done);
+    });
+}
+
+void EmulatorLauncher::prepare(const LaunchRequest &request, Done done)
 {
     const LaunchInput input{.request = request,
                             .known = m_emulators.stillReadyFor(request.consoleID),
@@ -80,7 +90,7 @@ void EmulatorLauncher::lookAgain(std::list<Waiting>::iterator waiting)
 
 void EmulatorLauncher::setUp(const PreparedLaunch &launch, const Done &done)
 {
-    if (!launch.setUp) return start(launch, {}, done);
+    if (!launch.setUp) return start(launch, launch.shortcomings, done);
     SetUpOrder order = *launch.setUp;
     order.journal = m_changes.journal();
     m_tasks.run(
@@ -89,7 +99,7 @@ void EmulatorLauncher::setUp(const PreparedLaunch &launch, const Done &done)
             m_changes.record(outcome.update);
             if (outcome.vblankRate)
                 m_preferences.set(preference::rpcs3VblankRaised, *outcome.vblankRate != usualVblankRate);
-            start(launch, outcome.failures, done);
+            start(launch, launch.shortcomings + outcome.failures, done);
         });
 }
 

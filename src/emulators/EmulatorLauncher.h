@@ -5,9 +5,11 @@
 #include "platform/Clock.h"
 
 #include <QObject>
+#include <QPointer>
 #include <list>
 
 class EmulatorChanges;
+class FramePatches;
 class InstalledEmulators;
 class Tasks;
 
@@ -25,6 +27,9 @@ public:
     void launch(const LaunchRequest &request, Done done) override;
     QString controllerToSetUp(const LaunchRequest &request) const override;
 
+    /// With them a game that wants 60 FPS waits a few seconds for its list of patches, when there is none at all yet.
+    void setPatches(FramePatches *patches) { m_patches = patches; }
+
 private:
     /// A launch that waits for running programs to end.
     struct Waiting {
@@ -34,6 +39,7 @@ private:
         Timer timer;
     };
 
+    void prepare(const LaunchRequest &request, Done done);
     void endRunning(PreparedLaunch launch, Done done);
     void lookAgain(std::list<Waiting>::iterator waiting);
     void setUp(const PreparedLaunch &launch, const Done &done);
@@ -48,5 +54,6 @@ private:
     const InstalledEmulators &m_emulators;
     EmulatorChanges &m_changes;
     std::function<Session()> m_session;
+    FramePatches *m_patches = nullptr;
     std::list<Waiting> m_waiting;
 };

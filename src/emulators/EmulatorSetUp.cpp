@@ -27,7 +27,19 @@ void add(QList<Batch> &batches, const FileEdits &edits)
     if (!edits.file.isEmpty() && !edits.edits.isEmpty()) batchOf(batches, edits).file.edits += edits.edits;
 }
 
-QList<Batch> batchesOf(const SetUpOrder &order, bool emulatorRuns)
+/// Not while the emulator runs: it would write its own settings over ours when it ends.
+QList<FileEdits> quietNow(const SetUpOrder &order, const ProcessControl &processes)
+{
+    const SettingsWish &wish = order.wish;
+    QList<FileEdits> all = quietEdits(wish.emulatorID, wish.host, wish.folders);
+    all.removeIf([&order](const FileEdits &edits) {
+        return edits.file.isEmpty() || order.journal.quieted.contains(edits.file);
+    });
+    const bool runs = !all.isEmpty() && !processesOf(wish.emulatorID, wish.host, processes.running()).isEmpty();
+    return runs ? QList<FileEdits>() : all;
+}
+
+QList<Batch> batchesOf(const SetUpOrder &order, const ProcessControl &processes)
 {
     const SettingsWish &wish = order.wish;
     QList<Batch> batches;
@@ -39,9 +51,7 @@ QList<Batch> batchesOf(const SetUpOrder &order, bool emulatorRuns)
     add(batches, settings);
     if (wish.emulatorID == QLatin1String("rpcs3") && order.vblankRate)
         add(batches, vblankRateEdits(wish.folders, *order.vblankRate));
-    if (emulatorRuns) return batches; // it would write its own settings over ours when it ends
-    for (const FileEdits &quiet : quietEdits(wish.emulatorID, wish.host, wish.folders)) {
-        if (quiet.file.isEmpty() || order.journal.quieted.contains(quiet.file)) continue;
+    for (const FileEdits &quiet : quietNow(order, processes)) {
         add(batches, quiet);
         batchOf(batches, quiet).backUp = BackUp::once;
         batchOf(batches, quiet).quiets = true;
@@ -54,10 +64,9 @@ SetUpOutcome setUpEmulator(const SetUpOrder &order, const ProcessControl &proces
 {
     using Outcome = ConfigFileEdit::Outcome;
     const SettingsWish &wish = order.wish;
-    const bool runs = !processesOf(wish.emulatorID, wish.host, processes.running()).isEmpty();
     const QString settings = settingsFile(wish.emulatorID, wish.folders);
     SetUpOutcome outcome;
-    for (const Batch &batch : batchesOf(order, runs)) {
+    for (const Batch &batch : batchesOf(order, processes)) {
         JournalUpdate update;
         const ConfigFileEdit edit = editConfigFile(
             batch.file.file,

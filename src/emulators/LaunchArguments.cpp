@@ -8,20 +8,14 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-bool wantsFullScreen(const LaunchRequest &request)
-{
-    return request.settings.fullScreen.value_or(true);
-}
-
-/// With several displays the window is first placed, from outside, and full screen would only be in the way. Wayland
-/// lets nobody place it.
 bool startsFullScreen(const LaunchRequest &request, const LaunchFacts &facts)
 {
+    // Wayland lets nobody place a window.
     const bool placedFirst = facts.displays > 1 && !(facts.host == Host::linux && facts.waylandSession);
-    return wantsFullScreen(request) && !placedFirst;
+    return request.settings.fullScreen.value_or(true) && !placedFirst;
 }
+
+namespace {
 
 /// The state to load; empty: none.
 QString stateOf(const LaunchRequest &request, const QString &emulatorID, const LaunchFacts &facts)
@@ -62,9 +56,13 @@ QStringList fullScreenArguments(const QString &emulatorID)
 QStringList windowArguments(const QString &emulatorID)
 {
     static const QHash<QString, QStringList> arguments{
-        {u"azahar"_s, {u"-w"_s}},           {u"shadps4"_s, {u"-f"_s, u"false"_s}},
-        {u"pcsx2"_s, {u"-nofullscreen"_s}}, {u"duckstation"_s, {u"-nofullscreen"_s}},
-        {u"ppsspp"_s, {u"--windowed"_s}},   {u"dolphin"_s, {u"-C"_s, u"Dolphin.Display.Fullscreen=False"_s}},
+        {u"mgba"_s, {u"-C"_s, u"fullscreen=0"_s}},
+        {u"azahar"_s, {u"-w"_s}},
+        {u"shadps4"_s, {u"-f"_s, u"false"_s}},
+        {u"pcsx2"_s, {u"-nofullscreen"_s}},
+        {u"duckstation"_s, {u"-nofullscreen"_s}},
+        {u"ppsspp"_s, {u"--windowed"_s}},
+        {u"dolphin"_s, {u"-C"_s, u"Dolphin.Display.Fullscreen=False"_s}},
     };
     return arguments.value(emulatorID);
 }

@@ -6,5 +6,8 @@
 QStringList macArguments(const LaunchRequest &request, const QString &emulatorID, const LaunchFacts &facts);
 QStringList linuxArguments(const LaunchRequest &request, const QString &emulatorID, const LaunchFacts &facts);
 
+/// With several displays the window is first placed, from outside, and full screen would only be in the way.
+bool startsFullScreen(const LaunchRequest &request, const LaunchFacts &facts);
+
 /// Whether a Linux emulator shows its own frame counter through its arguments or our settings for it.
 bool showsOwnCounter(const QString &emulatorID);

@@ -2,6 +2,8 @@
 
 #include "emulators/CommandChannel.h"
 #include "emulators/ControllerMapping.h"
+#include "emulators/FramePatchAct.h"
+#include "emulators/LaunchArguments.h"
 #include "emulators/OpenEmuLibrary.h"
 #include "emulators/SessionLog.h"
 #include "platform/ProcessControl.h"
@@ -64,6 +66,11 @@ static SetUpOrder orderOf(const InstalledEmulator &emulator, const LaunchInput &
     SetUpOrder order;
     order.wish = {emulator.emulatorID, places.host,      emulatorFolders(emulator, places),
                   request.path,        request.settings, request.settings.quality.value_or(input.quality)};
+    LaunchFacts facts;
+    facts.host = places.host;
+    facts.displays = input.session.displays;
+    facts.waylandSession = input.session.wayland;
+    order.wish.settings.fullScreen = startsFullScreen(request, facts);
     order.mapsController = input.mapsControllers && hasXboxController(input.session.controllers);
     if (input.vblankRaised) order.vblankRate = usualVblankRate;
     order.now = ReferenceDate::from(input.now);
@@ -108,6 +115,16 @@ static void writeFiles(const LaunchPlan &plan)
     if (!plan.stateToCopy.isEmpty() && state.open(QFile::ReadOnly)) writeFile(plan.stateCopy, state.readAll());
 }
 
+/// The game's 60 FPS patch; the order then carries the rate that it asks for.
+static void applyPatch(SetUpOrder &order, QList<Message> &shortcomings, const Places &places)
+{
+    const SettingsWish &wish = order.wish;
+    const FramePatchOutcome outcome =
+        applyFramePatch({wish.emulatorID, wish.gamePath, wish.folders}, wish.settings.fps60, places);
+    if (outcome.vblankRate) order.vblankRate = outcome.vblankRate;
+    if (outcome.shortcoming) shortcomings += *outcome.shortcoming;
+}
+
 static QList<qint64> runningNow(const QStringList &programs, const ProcessControl &processes)
 {
     QList<qint64> pids;
@@ -134,8 +151,12 @@ Result<PreparedLaunch, LaunchRefusal> prepareLaunch(const LaunchInput &input, co
     PreparedLaunch launch{plan.value(),
                           newSessionLog(places.logFolder(), plan.value().engine, input.now),
                           runningNow(plan.value().programsToEnd, processes),
+                          {},
                           {}};
     writeFiles(plan.value());
-    if (emulator) launch.setUp = orderOf(*emulator, input, places);
+    if (emulator) {
+        launch.setUp = orderOf(*emulator, input, places);
+        applyPatch(*launch.setUp, launch.shortcomings, places);
+    }
     return launch;
 }

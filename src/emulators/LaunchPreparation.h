@@ -36,6 +36,7 @@ struct PreparedLaunch {
     QString logFile;
     QList<qint64> running; ///< processes that must have ended before
     std::optional<SetUpOrder> setUp; ///< of the emulator's own files, once those have ended
+    QList<Message> shortcomings; ///< what the game asks for and cannot get; it starts without
 };
 
 /// Everything up to the start: checks, the search for an emulator, the plan, and the files that it needs. A file that

@@ -21,6 +21,10 @@ static constexpr auto createdWithin = 2s;
 static constexpr auto completeWithin = 20s; // a state of many megabytes on a slow disk
 static constexpr auto inFrontWithin = 1s;
 
+// An emulator may open its window before it can load: its menu entry is switched off until the game runs.
+static constexpr int roundsAtLaunch = 6;
+static constexpr auto betweenRounds = 2s;
+
 static const QString savedSymbol = u"square.and.arrow.down.fill"_s;
 static const QString loadedSymbol = u"clock.arrow.circlepath"_s;
 static const QString warning = u"exclamationmark.triangle.fill"_s;
@@ -100,12 +104,18 @@ void SaveStates::start(const StateFacts &facts)
     const SaveStatePolicy policy = saveStatePolicy(engine, host, facts.keysBound);
     if (!policy.acts()) return finish(policy.explanation, {});
     command.facts = facts;
-    command.pids = m_reach.processes.tree(command.game.pid);
     const GameEntry *entry = m_library.game(command.game.gameID);
     const bool knowsStates = !facts.places.isEmpty() && entry;
     if (command.what == StateCommand::load && knowsStates && statesOf(facts.files, engine, entry->path).isEmpty())
         return finish({u"There is no save state of “%@” yet."_s, {command.game.title}}, warning);
-    command.ways = stateWays(engine, host, facts.keysBound);
+    tryAllWays();
+}
+
+void SaveStates::tryAllWays()
+{
+    Command &command = *m_command;
+    command.pids = m_reach.processes.tree(command.game.pid);
+    command.ways = stateWays(command.game.engine, m_reach.places.host, command.facts.keysBound);
     tryNextWay();
 }
 
@@ -232,7 +242,12 @@ void SaveStates::succeed()
 
 void SaveStates::fail()
 {
-    const Command &command = *m_command;
+    Command &command = *m_command;
+    if (command.atLaunch && !command.menusOutOfReach && command.rounds < roundsAtLaunch) {
+        ++command.rounds;
+        command.timer = m_reach.clock.after(betweenRounds, [this] { tryAllWays(); });
+        return;
+    }
     const QString name = command.game.name;
     const bool closed = command.menusOutOfReach && !command.reached;
     if (command.atLaunch) {

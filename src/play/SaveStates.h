@@ -66,6 +66,7 @@ private:
         QList<qint64> pids;
         StateFacts facts;
         QList<StateWay> ways; ///< not yet tried
+        int rounds = 1; ///< through all ways, with this one
         bool reached = false; ///< some way has reached the emulator
         bool menusOutOfReach = false; ///< on this desktop
         quint64 window = 0; ///< that must be in front for the key
@@ -77,6 +78,7 @@ private:
 
     void begin(const RunningGame &game, StateCommand what, bool atLaunch);
     void start(const StateFacts &facts);
+    void tryAllWays();
     void tryNextWay();
     void askInterface();
     void pressKey();

@@ -31,9 +31,10 @@ void ScreenshotStore::add(const QString &file)
     m_tasks.run(
         this, [file] { return listedScreenshot(file); },
         [this](const QList<Screenshot> &shots) {
-            for (const Screenshot &shot : shots)
-                m_all.insert(std::upper_bound(m_all.begin(), m_all.end(), shot, isNewer), shot);
-            if (!shots.isEmpty()) emit changed();
+            // A listing that came meanwhile may have it.
+            if (shots.isEmpty() || m_all.contains(shots.first())) return;
+            m_all.insert(std::upper_bound(m_all.begin(), m_all.end(), shots.first(), isNewer), shots.first());
+            emit changed();
         });
 }
 

@@ -44,6 +44,14 @@ static QList<QRectF> whole(const QList<QQuickItem *> &controls)
     return places;
 }
 
+/// The bar around an item, which says where the focus enters it and where it goes to from there; null: none.
+static QQuickItem *barAround(QQuickItem *item)
+{
+    while (item && !item->property("focusEntry").isValid())
+        item = item->parentItem();
+    return item;
+}
+
 FocusKeeper::FocusKeeper(QQuickWindow *window) : QObject(window), m_window(window)
 {
     connect(window, &QQuickWindow::activeFocusItemChanged, this, [this] {
@@ -74,13 +82,23 @@ bool FocusKeeper::move(int key)
     if (!item) return false;
     auto controls = controlsOf(m_window->contentItem());
     controls.removeOne(item);
+    QQuickItem *bar = barAround(item);
+    if (key == Qt::Key_Left || key == Qt::Key_Right)
+        controls.removeIf([bar](QQuickItem *other) { return barAround(other) != bar; });
     const Direction direction = key == Qt::Key_Up ? Direction::up
         : key == Qt::Key_Down                     ? Direction::down
         : key == Qt::Key_Left                     ? Direction::left
                                                   : Direction::right;
     const auto index = nextInDirection(placeInWindow(item), whole(controls), direction);
     if (!index) return false;
-    focus(controls[*index]);
+    QQuickItem *target = controls[*index];
+    QQuickItem *next = barAround(target);
+    if (bar != next) {
+        // Into the bar: to its current tab. Out of it: back to where the page was left.
+        const QVariant place = next ? next->property("focusEntry") : bar->property("focusExit");
+        if (auto *there = place.value<QQuickItem *>()) target = there;
+    }
+    focus(target);
     return true;
 }
 

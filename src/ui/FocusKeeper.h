@@ -15,7 +15,9 @@ class FocusKeeper : public QObject {
 public:
     explicit FocusKeeper(QQuickWindow *window);
 
-    Q_INVOKABLE bool move(int key); ///< an arrow key; false at the edge
+    /// An arrow key; false at the edge. Left and right stay inside an item that has a `focusEntry`, such as a bar; up
+    /// and down enter it there and leave it to its `focusExit`.
+    Q_INVOKABLE bool move(int key);
     /// The scroll position at which the focused control is wholly visible in this view, or where it stands already.
     Q_INVOKABLE qreal revealed(QQuickItem *view, QQuickItem *content, qreal position, qreal margin) const;
 

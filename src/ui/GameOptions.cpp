@@ -2,6 +2,7 @@
 
 #include "app/Translator.h"
 #include "catalog/Console.h"
+#include "emulators/FramePatches.h"
 #include "emulators/InstalledEmulators.h"
 #include "emulators/LaunchPlan.h"
 #include "emulators/QualityValue.h"
@@ -23,7 +24,46 @@ void GameOptions::setGameID(const QString &id)
 {
     if (id == m_gameID) return;
     m_gameID = id;
+    lookForPatch();
     emit changed();
+}
+
+void GameOptions::setPatches(FramePatches *patches)
+{
+    m_patches = patches;
+    if (!m_patches) return;
+    connect(m_patches, &FramePatches::changed, this, [this](const QString &id) {
+        if (id == m_gameID) emit changed();
+    });
+}
+
+/// Only for a game that is to have it: the list is not fetched for nothing.
+void GameOptions::lookForPatch()
+{
+    if (m_patches && entry() && fps60() && fps60Offered()) m_patches->look(m_gameID, entry()->consoleID, entry()->path);
+}
+
+QString GameOptions::patchText() const
+{
+    if (!m_patches || !fps60()) return {};
+    using Phase = FramePatchState::Phase;
+    const FramePatchState state = m_patches->state(m_gameID);
+    switch (state.phase) {
+    case Phase::unknown:
+        return {};
+    case Phase::searching:
+        return m_translator.translate(u"Looking for a patch…"_s);
+    case Phase::downloading:
+        if (state.progress < 0) return m_translator.translate(u"Downloading the list of patches…"_s);
+        return m_translator.fill(u"Downloading the list of patches… %ld%%"_s,
+                                 {QString::number(int(state.progress * 100))});
+    case Phase::available:
+        return m_translator.fill(u"Patch: %@"_s, {state.patch});
+    case Phase::none:
+    case Phase::failed:
+        return m_translator.message(state.message);
+    }
+    return {};
 }
 
 const Console *GameOptions::console() const
@@ -124,7 +164,7 @@ QString GameOptions::fps60Title() const
 
 QString GameOptions::fps60Text() const
 {
-    if (fps60Offered()) return {};
+    if (fps60Offered()) return patchText();
     return native() ? m_translator.translate(u"Only games rebuilt by nxnative on a Mac can do this"_s) : notAvailable();
 }
 
@@ -133,6 +173,10 @@ void GameOptions::setFps60(bool on)
     GameSettings settings = this->settings();
     settings.fps60 = on;
     m_library.setSettings(m_gameID, settings);
+    if (on)
+        lookForPatch();
+    else if (m_patches)
+        m_patches->cancel(m_gameID);
 }
 
 // The other switches

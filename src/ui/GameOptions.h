@@ -8,6 +8,7 @@
 #include <qqmlregistration.h>
 
 struct Console;
+class FramePatches;
 class InstalledEmulators;
 class Translator;
 
@@ -39,6 +40,7 @@ public:
                 const Translator &translator, Host host, QObject *parent = nullptr);
 
     void setGameID(const QString &id);
+    void setPatches(FramePatches *patches); ///< what is said about 60 FPS then tells of them; they outlive this
 
     QString engine() const; ///< the emulator that plays it, or would; "nxnative" and "native": it plays itself
     bool native() const; ///< the game is itself a program
@@ -74,11 +76,14 @@ private:
     GameSettings settings() const;
     SettingsSupport support() const;
     QString notAvailable() const;
+    void lookForPatch();
+    QString patchText() const;
 
     LibraryStore &m_library;
     const InstalledEmulators &m_emulators;
     const Preferences &m_preferences;
     const Translator &m_translator;
     const Host m_host;
+    FramePatches *m_patches = nullptr;
     QString m_gameID;
 };

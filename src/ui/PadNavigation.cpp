@@ -19,6 +19,8 @@ PadNavigation::PadNavigation(QQuickWindow *window, InputMode &input, const Trans
     setObjectName(u"padNavigation"_s);
     connect(window, &QQuickWindow::activeFocusItemChanged, this, &PadNavigation::announceLater);
     connect(&input, &InputMode::changed, this, &PadNavigation::announce);
+    // What changes what a button does shows: a game has started, a heart has gone.
+    connect(window, &QQuickWindow::frameSwapped, this, &PadNavigation::announceLater);
 }
 
 void PadNavigation::handle(PadEvent event)

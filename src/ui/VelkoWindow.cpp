@@ -96,6 +96,7 @@ VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content
     QQmlEngine *engine = m_content->view.engine();
     engine->addImportPath(u":/qt/qml"_s); // Qt 6.4 does not look there by itself
     engine->setProperty(TranslatorForQml::property, QVariant::fromValue(&parts.translator));
+    m_content->openGame.options()->setPatches(parts.patches);
     engine->addImageProvider(u"icon"_s, new IconImageProvider);
     engine->addImageProvider(u"glow"_s, new GlowImageProvider);
     engine->addImageProvider(u"shadow"_s, new ShadowImageProvider);

@@ -7,6 +7,7 @@ class BiosFiles;
 class Clock;
 class ControllerInput;
 class EmulatorChanges;
+class FramePatches;
 class InstalledEmulators;
 class LibraryStore;
 class Preferences;
@@ -32,6 +33,7 @@ struct WindowParts {
     Workspace &workspace;
     const Places &places;
     ControllerInput &controller; ///< its ordinary events go to this window
+    FramePatches *patches = nullptr; ///< absent: nothing is said about 60 FPS patches
 };
 
 /// The main window.

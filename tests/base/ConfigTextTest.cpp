@@ -155,6 +155,7 @@ INSTANTIATE_TEST_SUITE_P(
         EditRow{"wholeInBraces", "{V: {K: 1}}\n", "V>K", "3", "{V: {K: 3}}\n"},
         EditRow{"quotedKeys", "\"V\":\n  'it''s': 1\n", "V>it's", "3", "\"V\":\n  'it''s': 3\n"},
         EditRow{"quotedValue", "V:\n  K: \"a # b: c\" # d\n", "V>K", "3", "V:\n  K: 3 # d\n"},
+        EditRow{"noValueButAComment", "V:\n  K:  # 1\n", "V>K", "3", "V:\n  K: 3  # 1\n"},
         EditRow{"noValueYet", "V:\n  K:\n  L: 1\n", "V>K", "3", "V:\n  K: 3\n  L: 1\n"},
         EditRow{"keyWithColon", "V:\n  a:b: 1\n", "V>a:b", "3", "V:\n  a:b: 3\n"},
         EditRow{"keyThatNeedsQuotes", "V:\n  x: 1\n", "V>R&C: All 4 One", "3", "V:\n  x: 1\n  \"R&C: All 4 One\": 3\n"},
@@ -174,8 +175,10 @@ INSTANTIATE_TEST_SUITE_P(
         EditRow{"scalarInTheWay", "V: 1\n", "V>K", "3", "?"}, EditRow{"aliasInTheWay", "V: *a\n", "V>K", "3", "?"},
         EditRow{"sequenceInTheWay", "V:\n  - K: 1\n", "V>K", "3", "?"},
         EditRow{"mappingAsValue", "V:\n  K:\n    x: 1\n", "V>K", "3", "?"},
-        EditRow{"topIsASequence", "- V: 1\n", "V>K", "3", "?"}, EditRow{"openBrace", "V: {K: 1\n", "V>K", "3", "?"},
-        EditRow{"tabs", "V:\n\tK: 1\n", "V>K", "3", "?"}, EditRow{"noYaml", "hello\n", "V>K", "3", "?"}),
+        EditRow{"topIsASequence", "- V: 1\n", "V>K", "3", "?"},
+        EditRow{"textBehindQuotes", "V:\n  K: 'a': b\n", "V>K", "3", "?"},
+        EditRow{"openBrace", "V: {K: 1\n", "V>K", "3", "?"}, EditRow{"tabs", "V:\n\tK: 1\n", "V>K", "3", "?"},
+        EditRow{"noYaml", "hello\n", "V>K", "3", "?"}),
     nameOf);
 
 class XmlEdit : public testing::TestWithParam<EditRow> { };

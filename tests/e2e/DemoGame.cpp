@@ -12,11 +12,17 @@ using namespace std::chrono_literals;
 
 static const QString folder = u"Games/Game Boy"_s, name = u"Lanterns (Demo)"_s;
 
-bool installDemoGame(const VirtualDisplay &display)
+bool writeDemoGame(const VirtualDisplay &display)
 {
     QFile built(QStringLiteral(VELKO_BUILD_DIR "/demo-game/Games/Game Boy/Lanterns (Demo).gb"));
     if (!built.open(QFile::ReadOnly)) return false;
     display.write(folder + u'/' + name + u".gb"_s, built.readAll());
+    return true;
+}
+
+bool installDemoGame(const VirtualDisplay &display)
+{
+    if (!writeDemoGame(display)) return false;
     Program scan(display, {u"scan"_s, display.home() + u"/Games"_s});
     return scan.ends(10s) && scan.status() == 0;
 }

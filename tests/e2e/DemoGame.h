@@ -12,6 +12,8 @@ struct DemoGameSave {
     quint32 frames = 0;
 };
 
+bool writeDemoGame(const VirtualDisplay &display); ///< the file, into the folder "Games" of the home
+
 /// Puts the demo game into the home and has Velko find it. False when Velko reported a failure.
 bool installDemoGame(const VirtualDisplay &display);
 inline const QString demoGameTitle = QStringLiteral("Lanterns");

@@ -12,23 +12,80 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-VirtualDisplay::VirtualDisplay()
+static const QByteArray twoOutputs = R"(
+Section "ServerFlags"
+    Option "AutoAddDevices" "false"
+    Option "AutoAddGPU" "false"
+    Option "DontVTSwitch" "true"
+EndSection
+Section "Device"
+    Identifier "device"
+    Driver "dummy"
+    VideoRam 256000
+EndSection
+Section "Monitor"
+    Identifier "monitor"
+    HorizSync 5-1000
+    VertRefresh 5-200
+EndSection
+Section "Screen"
+    Identifier "screen"
+    Device "device"
+    Monitor "monitor"
+    DefaultDepth 24
+    SubSection "Display"
+        Depth 24
+        Virtual 2560 720
+    EndSubSection
+EndSection
+)";
+
+VirtualDisplay::VirtualDisplay(Screens screens, const QString &windowManager)
 {
     adoptOrphans();
     QDir().mkpath(home());
     QDir().mkpath(m_folder.filePath(u"run"_s));
     QFile::setPermissions(m_folder.filePath(u"run"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    const QByteArray number = start(
-        m_server, u"Xvfb"_s,
-        {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x720x24"_s, u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
+    const QByteArray number = startServer(screens);
     if (number.isEmpty()) return;
     m_display = ':' + number;
+    if (screens == Screens::twoOutputs && !addOutputs()) return;
     m_busAddress = start(m_bus, u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address=1"_s});
     m_windowManager.setProcessEnvironment(environment());
     m_windowManager.setStandardErrorFile(QProcess::nullDevice());
-    m_windowManager.start(u"openbox"_s, {u"--sm-disable"_s});
+    m_windowManager.start(windowManager,
+                          windowManager == "openbox"_L1 ? QStringList{u"--sm-disable"_s} : QStringList());
     m_desktop = std::make_unique<Desktop>(m_display);
     waitFor(20s, [this] { return m_desktop->hasWindowManager(); });
+}
+
+QByteArray VirtualDisplay::startServer(Screens screens)
+{
+    QStringList arguments{u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s, u"-noreset"_s};
+    if (screens == Screens::one)
+        return start(m_server, u"Xvfb"_s, arguments + QStringList{u"-screen"_s, u"0"_s, u"1280x720x24"_s});
+    const QString configuration = write(u"xorg.conf"_s, twoOutputs);
+    arguments +=
+        {u"-config"_s, configuration, u"-novtswitch"_s, u"-sharevts"_s, u"-logfile"_s, home() + u"/xorg.log"_s};
+    return start(m_server, u"Xorg"_s, arguments);
+}
+
+bool VirtualDisplay::addOutputs()
+{
+    const QString mode = u"720p"_s;
+    return setOutputs({u"--newmode"_s, mode, u"74.25"_s, u"1280"_s, u"1390"_s, u"1430"_s, u"1650"_s, u"720"_s, u"725"_s,
+                       u"730"_s, u"750"_s})
+        && setOutputs({u"--addmode"_s, u"DUMMY0"_s, mode}) && setOutputs({u"--addmode"_s, u"DUMMY1"_s, mode})
+        && setOutputs({u"--output"_s, u"DUMMY0"_s, u"--mode"_s, mode, u"--pos"_s, u"0x0"_s, u"--primary"_s,
+                       u"--output"_s, u"DUMMY1"_s, u"--mode"_s, mode, u"--pos"_s, u"1280x0"_s});
+}
+
+bool VirtualDisplay::setOutputs(const QStringList &arguments) const
+{
+    QProcess xrandr;
+    xrandr.setProcessEnvironment(environment());
+    xrandr.start(u"xrandr"_s, arguments);
+    return xrandr.waitForFinished(10000) && xrandr.exitStatus() == QProcess::NormalExit && xrandr.exitCode() == 0;
 }
 
 VirtualDisplay::~VirtualDisplay()

@@ -136,8 +136,8 @@ INSTANTIATE_TEST_SUITE_P(
     Rows, LinuxArguments,
     testing::Values(
         ArgumentRow{"mgba", "", "-f PATH"}, ArgumentRow{"mgba", "state", "-f -t STATE PATH"},
-        ArgumentRow{"mgba", "slot+two", "-t SLOT PATH"}, ArgumentRow{"mgba", "two+wayland", "-f PATH"},
-        ArgumentRow{"mgba", "window", "PATH"}, ArgumentRow{"mgba", "fps", "-f -C showFps=1 PATH"},
+        ArgumentRow{"mgba", "slot+two", "-C fullscreen=0 -t SLOT PATH"}, ArgumentRow{"mgba", "two+wayland", "-f PATH"},
+        ArgumentRow{"mgba", "window", "-C fullscreen=0 PATH"}, ArgumentRow{"mgba", "fps", "-f -C showFps=1 PATH"},
         ArgumentRow{"duckstation", "two", "-nofullscreen -batch -- PATH"},
         ArgumentRow{"duckstation", "state", "-fullscreen -statefile STATE -batch -- PATH"},
         ArgumentRow{"pcsx2", "", "-fullscreen -batch -- PATH"},

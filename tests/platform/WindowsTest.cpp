@@ -207,3 +207,90 @@ TEST(LinuxWindows, outlivesTheServer)
     }
     EXPECT_FALSE(makeWindows(":9999")->isAvailable());
 }
+
+// Two outputs of a real server, which only an administrator can start; the frame buffer of the other tests has one.
+struct TwoOutputs : testing::Test {
+    std::unique_ptr<RealScreen> screen;
+    const QRect left{0, 0, 1920, 1080}, right{1920, 0, 1920, 1080};
+
+    void SetUp() override
+    {
+        if (geteuid() != 0) GTEST_SKIP() << "needs an administrator";
+        screen = std::make_unique<RealScreen>(XServer::Kind::twoOutputs);
+        ASSERT_TRUE(screen->server.isReady());
+    }
+    bool becomesFull(quint64 window, const QRect &where)
+    {
+        return waitUntil(
+            [&] {
+                const auto now = screen->find(window);
+                return now && now->fullScreen && now->geometry == where;
+            },
+            std::chrono::seconds(10));
+    }
+};
+
+TEST_F(TwoOutputs, areKnownByNameThePrimaryFirst)
+{
+    EXPECT_EQ(screen->real->displays(), (QList<Monitor>{{u"DUMMY0"_s, left, true}, {u"DUMMY1"_s, right, false}}));
+    int changes = 0;
+    QObject::connect(screen->real.get(), &Windows::displaysChanged, screen->real.get(), [&] { ++changes; });
+    ASSERT_TRUE(screen->server.run(u"xrandr"_s, u"--output DUMMY1 --primary"_s.split(u' ')));
+    EXPECT_TRUE(waitUntil([&] { return screen->real->displays().first().name == u"DUMMY1"_s; }));
+    EXPECT_TRUE(waitUntil([&] { return changes > 0; }));
+}
+
+TEST_F(TwoOutputs, takeAGameAndGiveItBackWhenOneIsUnplugged)
+{
+    Windows &windows = *screen->real;
+    const quint64 game = screen->open({});
+    windows.move(game, right.adjusted(100, 100, -100, -100));
+    ASSERT_TRUE(waitUntil([&] { return right.contains(screen->find(game)->geometry.center()); }));
+    windows.setFullScreen(game, true, 1);
+    ASSERT_TRUE(becomesFull(game, right));
+
+    int changes = 0;
+    QObject::connect(&windows, &Windows::displaysChanged, &windows, [&] { ++changes; });
+    ASSERT_TRUE(screen->server.run(u"xrandr"_s, u"--output DUMMY1 --off"_s.split(u' ')));
+    EXPECT_TRUE(waitUntil([&] { return changes > 0; }));
+    EXPECT_EQ(windows.displays(), (QList<Monitor>{{u"DUMMY0"_s, left, true}}));
+    windows.move(game, left.adjusted(100, 100, -100, -100));
+    windows.setFullScreen(game, true, 0);
+    EXPECT_TRUE(becomesFull(game, left));
+    ASSERT_TRUE(screen->server.run(u"xrandr"_s, u"--output DUMMY0 --off"_s.split(u' ')));
+    EXPECT_EQ(windows.displays().size(), 1) << "what is left is one screen";
+}
+
+// xfwm4 can be told the display, takes no move of a window that is maximised or full screen, and replaces openbox here
+// while the service runs.
+TEST_F(TwoOutputs, workUnderAnotherWindowManager)
+{
+    screen->server.startBus(); // without one it does not start
+    ASSERT_TRUE(screen->server.manage(u"xfwm4"_s));
+    Windows &windows = *screen->real;
+    const quint64 game = screen->open({});
+    windows.move(game, right.adjusted(200, 200, -200, -200));
+    windows.setFullScreen(game, true, 1);
+    EXPECT_TRUE(becomesFull(game, right));
+    windows.move(game, left.adjusted(200, 200, -200, -200));
+    EXPECT_TRUE(
+        waitUntil([&] { return left.contains(screen->find(game)->geometry.center()); }, std::chrono::seconds(10)));
+    windows.activate(game);
+    EXPECT_TRUE(waitUntil([&] { return windows.activeWindow().value_or(AppWindow()).id == game; }));
+    windows.setFullScreen(game, true, 0);
+    EXPECT_TRUE(becomesFull(game, left));
+    windows.requestClose(game);
+    EXPECT_TRUE(waitUntil([&] { return !screen->find(game); }));
+}
+
+TEST(LinuxWindows, knowsMonitorsThatAUserHasDrawn)
+{
+    RealScreen screen;
+    const auto monitor = [&](const QString &arguments) {
+        return screen.server.run(u"xrandr"_s, (u"--setmonitor "_s + arguments).split(u' '));
+    };
+    ASSERT_TRUE(monitor(u"LEFT 640/160x720/180+0+0 screen"_s));
+    ASSERT_TRUE(monitor(u"RIGHT 640/160x720/180+640+0 none"_s));
+    EXPECT_EQ(screen.real->displays(),
+              (QList<Monitor>{{u"LEFT"_s, {0, 0, 640, 720}, false}, {u"RIGHT"_s, {640, 0, 640, 720}, false}}));
+}

@@ -53,7 +53,7 @@ XServer::XServer(Kind kind, const QString &windowManager)
 
 XServer::~XServer()
 {
-    for (QProcess *each : {&m_windowManager, &m_server}) {
+    for (QProcess *each : {&m_windowManager, &m_bus, &m_server}) {
         each->kill();
         each->waitForFinished();
     }
@@ -94,7 +94,8 @@ QProcessEnvironment XServer::environment() const
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"HOME"_s, m_folder.path());
     environment.insert(u"DISPLAY"_s, QString::fromLatin1(m_display));
-    environment.remove(u"DBUS_SESSION_BUS_ADDRESS"_s);
+    environment.insert(u"XDG_RUNTIME_DIR"_s, m_folder.path());
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_busAddress);
     environment.remove(u"QT_QPA_PLATFORM"_s);
     return environment;
 }
@@ -108,11 +109,14 @@ bool XServer::run(const QString &program, const QStringList &arguments) const
     return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
-// A window manager that is just starting overlooks windows that are shown meanwhile.
-static bool manages(XConnection &connection, xcb_window_t probe)
+// A window manager that is just starting overlooks windows that are shown meanwhile, so it is shown again now and then.
+static bool manages(XConnection &connection, xcb_window_t probe, QDeadlineTimer &again)
 {
-    xcb_unmap_window(connection, probe);
-    xcb_map_window(connection, probe);
+    if (again.hasExpired()) {
+        again.setRemainingTime(200ms);
+        xcb_unmap_window(connection, probe);
+        xcb_map_window(connection, probe);
+    }
     const auto asked = xcb_get_property(connection, false, connection.root(), connection.atom("_NET_CLIENT_LIST"),
                                         XCB_ATOM_ANY, 0, 64);
     return numbersOf(connection.reply(xcb_get_property_reply, asked)).contains(probe);
@@ -132,7 +136,17 @@ bool XServer::manage(const QString &windowManager)
     const xcb_window_t probe = xcb_generate_id(connection);
     xcb_create_window(connection, XCB_COPY_FROM_PARENT, probe, connection.root(), 0, 0, 9, 9, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    return waitUntil([&] { return manages(connection, probe); }, patience);
+    QDeadlineTimer again(0);
+    return waitUntil([&] { return manages(connection, probe, again); }, patience);
+}
+
+QString XServer::startBus()
+{
+    dieWithTest(m_bus);
+    m_bus.setProcessEnvironment(environment());
+    m_bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address=1"_s});
+    waitUntil([&] { return m_bus.canReadLine() || m_bus.state() == QProcess::NotRunning; }, patience);
+    return m_busAddress = QString::fromUtf8(m_bus.readLine().trimmed());
 }
 
 void XServer::kill()

@@ -18,6 +18,7 @@ public:
     QProcessEnvironment environment() const; ///< for programs on this display
     bool run(const QString &program, const QStringList &arguments) const; ///< and waits for its success
     bool manage(const QString &windowManager); ///< starts it, instead of the present one; waits until it manages
+    QString startBus(); ///< a message bus for the programs that start from now on; its address
     void kill(); ///< the server only
 
 private:
@@ -25,7 +26,8 @@ private:
     bool connectOutputs() const;
 
     QTemporaryDir m_folder;
-    QProcess m_server, m_windowManager;
+    QProcess m_server, m_bus, m_windowManager;
     QByteArray m_display;
+    QString m_busAddress;
     bool m_ready = false;
 };

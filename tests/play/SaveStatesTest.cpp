@@ -242,6 +242,25 @@ TEST_F(SaveStatesTest, theEndOfTheGameEndsTheCommand)
     EXPECT_EQ(house.clock.pending(), 0);
 }
 
+TEST_F(SaveStatesTest, goesOnOnceTheEmulatorCanLoad)
+{
+    const QString state = house.places.data + u"/azahar-emu/states/0004000000030800.00.cst"_s;
+    write(QDir(house.home.path()).relativeFilePath(state));
+    library.stateSaved(id, state);
+    library.resume(id);
+    house.launcher.answer(StartedGame{10, {}, u"azahar"_s, {}});
+    MenuEntry quickLoad{u"Quick Load"_s, {}, false, true, u"a"_s};
+    accessibility.menus[11] = {quickLoad};
+    states.continueFromState(game(u"azahar"_s, u"Azahar"_s));
+    wait(3s);
+    EXPECT_EQ(toasts, 0);
+    quickLoad.enabled = true;
+    accessibility.menus[11] = {quickLoad};
+    wait(3s);
+    EXPECT_EQ(toast, u"Save state loaded"_s);
+    EXPECT_EQ(accessibility.pressed.size(), 1);
+}
+
 TEST_F(SaveStatesTest, goesOnFromAStateAfterTheStart)
 {
     const RunningGame melonDS = game(u"melonds"_s, u"melonDS"_s);
@@ -251,7 +270,7 @@ TEST_F(SaveStatesTest, goesOnFromAStateAfterTheStart)
         house.launcher.answer(StartedGame{10, {}, u"melonds"_s, {}});
         house.workspace.running = {10};
         states.continueFromState(melonDS);
-        wait(1s);
+        wait(15s);
         house.workspace.end(10);
     };
     library.stateSaved(id, state);

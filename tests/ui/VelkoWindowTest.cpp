@@ -1,5 +1,6 @@
 #include "ui/WindowHouse.h"
 
+#include <QAccessible>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QRandomGenerator>
@@ -90,6 +91,41 @@ TEST(VelkoWindow, emptyLibraryOffersOneAction)
     EXPECT_TRUE(house.control());
     house.press(Qt::Key_Escape);
     EXPECT_EQ(house.control()->property("text").toString(), u"Add a folder of games"_s);
+    EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
+}
+
+TEST(VelkoWindow, looksThroughScreenshotsAndAsksBeforeOneGoes)
+{
+    WindowHouse house(3);
+    for (int minute = 10; minute < 14; ++minute) {
+        QImage picture(64, 36, QImage::Format_RGB32);
+        picture.fill(Qt::darkGreen);
+        const QString file = screenshotFolder(house.places.pictures) + u"/Game 1 2026-11-09 21.%1.00.png"_s;
+        QDir().mkpath(screenshotFolder(house.places.pictures));
+        picture.save(file.arg(minute));
+    }
+    ASSERT_TRUE(house.show());
+    house.press(Qt::Key_5, Qt::ControlModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return house.screenshots.count() == 4; }));
+    house.settled();
+    const auto name = [&] { return QAccessible::queryAccessibleInterface(house.control())->text(QAccessible::Name); };
+    EXPECT_EQ(name(), u"Screenshots, Game 1"_s) << "the first focus of the page";
+
+    house.press(Qt::Key_Right);
+    house.press(Qt::Key_Return);
+    house.press(Qt::Key_Right);
+    EXPECT_EQ(name(), u"Screenshots"_s) << "in the viewer";
+    house.press(Qt::Key_Delete);
+    EXPECT_EQ(name(), u"Cancel"_s) << "what destroys is never the first answer";
+    house.press(Qt::Key_Escape);
+    EXPECT_EQ(name(), u"Screenshots"_s);
+    house.press(Qt::Key_Delete);
+    house.press(Qt::Key_Right);
+    house.press(Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return house.screenshots.count() == 3; }));
+    EXPECT_TRUE(house.trash.moved.value(0).endsWith(u"21.11.00.png"_s)) << "the third of the newest first";
+    house.press(Qt::Key_Escape);
+    EXPECT_EQ(name(), u"Screenshots, Game 1"_s);
     EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
 }
 

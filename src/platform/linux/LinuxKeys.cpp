@@ -20,6 +20,8 @@ private:
 
 // Programs that look at the keyboard once a frame must see the key in one of their looks. The server waits, not we.
 constexpr quint32 heldFor = 40;
+// Dolphin 5.0 takes a stroke for one only when it has seen the modifiers down before the key.
+constexpr quint32 modifiersFirst = 30;
 
 }
 
@@ -60,11 +62,12 @@ bool LinuxKeys::press(const KeyStroke &stroke)
     // What the user still holds, such as the Control of the hot key, would make another stroke of it.
     for (const xcb_keycode_t held : keyboard.heldModifiers())
         turn(XCB_KEY_RELEASE, held);
-    for (const xcb_keycode_t key : keys.first(keys.size() - 1))
-        turn(XCB_KEY_PRESS, key);
-    // A server without a keyboard, as some on Wayland before the first key, refuses.
+    // A server without a keyboard, as some on Wayland before the first key, refuses. It is asked about the first key,
+    // since it answers only after what it waits for.
     const bool arrived =
-        arrives(xcb_test_fake_input_checked(*m_connection, XCB_KEY_PRESS, keys.last(), 0, XCB_WINDOW_NONE, 0, 0, 0));
+        arrives(xcb_test_fake_input_checked(*m_connection, XCB_KEY_PRESS, keys.first(), 0, XCB_WINDOW_NONE, 0, 0, 0));
+    for (qsizetype i = 1; i < keys.size(); ++i)
+        turn(XCB_KEY_PRESS, keys[i], i == keys.size() - 1 ? modifiersFirst : 0);
     quint32 wait = heldFor;
     for (auto key = keys.rbegin(); key != keys.rend(); ++key)
         turn(XCB_KEY_RELEASE, *key, std::exchange(wait, 0));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Accessibility.h"
 #include "platform/Clock.h"
 #include "platform/FileIndex.h"
 #include "platform/Gamepads.h"
@@ -61,6 +62,11 @@ std::unique_ptr<HotKey> makeHotKey(const QByteArray &display = {});
 
 /// On X11; on XWayland single windows only. Connects when first used.
 std::unique_ptr<ScreenCapture> makeScreenCapture(const QByteArray &display = {});
+
+/// Over the accessibility bus (AT-SPI), whose address the session bus knows; `sessionBus` is one other than that of the
+/// environment. A program that does not answer costs half a second in the background, a question three seconds at most.
+/// The tasks outlive it, or go together with it.
+std::unique_ptr<Accessibility> makeAccessibility(Tasks &tasks, const QString &sessionBus = {});
 
 /// Through SDL, without its video and its signal handlers. Costs nothing while no controller is connected or none is
 /// touched. The clock outlives it.

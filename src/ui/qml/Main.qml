@@ -68,9 +68,13 @@ FocusScope {
             focus: !root.modal
             Pad.tabs: Tr.translate("Previous / next tab")
             Pad.menu: Tr.translate("Menu")
-            Pad.onTabPressed: by => root.app.stepTab(by)
+            Pad.onTabPressed: by => {
+                root.app.stepTab(by)
+                pages.forceActiveFocus(Qt.TabFocusReason)
+            }
             Pad.onMenuPressed: overlays.show("menu")
             Pages {
+                id: pages
                 anchors.fill: parent
                 anchors.topMargin: bar.height
                 anchors.bottomMargin: root.barHeight
@@ -82,10 +86,10 @@ FocusScope {
                 home: root.home
                 openGame: root.openGame
                 gameEmulator: root.gameEmulator
-                profile: root.profile
-                gallery: root.gallery
                 alerts: root.alerts
                 bios: root.bios
+                profile: root.profile
+                gallery: root.gallery
                 onFilesWanted: overlays.show("files")
                 onFolderWanted: overlays.show("folder")
                 onEmulatorWanted: emulatorID => overlays.showEmulator(emulatorID)
@@ -96,6 +100,7 @@ FocusScope {
                 id: bar
                 width: parent.width
                 app: root.app
+                focusExit: pages
                 controllerName: root.controller.controllerName
                 onMenuWanted: overlays.show("menu")
                 onBigPictureWanted: root.notices.show(Tr.translate("Big Picture is not in this version of Velko yet."), "info")

@@ -7,6 +7,8 @@ Sheet {
     required property FolderList folders
     property bool files: false
     property string what ///< what the files are
+    /// Back leads up to where the choice began, and from there out of it.
+    readonly property bool inside: folders.parentFolder !== "" && folders.folder !== folders.places[0]?.path
     signal chosen(string path)
     signal filesChosen(var paths)
 
@@ -14,9 +16,9 @@ Sheet {
     panelWidth: 920
     panelHeight: 660
     Component.onCompleted: root.folders.begin(root.files)
-    Pad.back: root.folders.parentFolder !== "" ? Tr.translate("Up one folder") : Tr.translate("Close")
+    Pad.back: root.inside ? Tr.translate("Up one folder") : Tr.translate("Close")
     Keys.onBackPressed: event => {
-        event.accepted = root.folders.parentFolder !== ""
+        event.accepted = root.inside
         if (event.accepted) root.folders.open(root.folders.parentFolder)
     }
 

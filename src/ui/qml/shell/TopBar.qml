@@ -7,6 +7,12 @@ FocusScope {
     required property AppState app
     required property string controllerName ///< empty: none
     readonly property bool narrow: width < 1180
+    readonly property Item focusEntry: buttons.count > 0 ? buttons.itemAt(sections.findIndex(section => section.name === app.tab)) : null
+    required property Item focusExit
+    readonly property var sections: [
+        { name: "home", title: "Home" }, { name: "games", title: "Games" }, { name: "consoles", title: "Consoles" },
+        { name: "essentials", title: "Essentials" }, { name: "profile", title: "Profile" }, { name: "social", title: "Social" }
+    ]
     signal menuWanted
     signal bigPictureWanted
 
@@ -39,10 +45,8 @@ FocusScope {
         Accessible.role: Accessible.PageTabList
         Accessible.name: Tr.translate("Sections")
         Repeater {
-            model: [
-                { name: "home", title: "Home" }, { name: "games", title: "Games" }, { name: "consoles", title: "Consoles" },
-                { name: "essentials", title: "Essentials" }, { name: "profile", title: "Profile" }, { name: "social", title: "Social" }
-            ]
+            id: buttons
+            model: root.sections
             TabButton {
                 required property var modelData
                 text: Tr.translate(modelData.title)
