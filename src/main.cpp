@@ -1,4 +1,5 @@
 // Builds the services, the stores and the window, and connects them.
+#include "GameSession.h"
 #include "app/AppLanguage.h"
 #include "app/AppState.h"
 #include "app/CommandLine.h"
@@ -13,20 +14,13 @@
 #include "emulators/FramePatches.h"
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryStore.h"
-#include "platform/Accessibility.h"
-#include "platform/Keys.h"
 #include "platform/Preferences.h"
 #include "platform/RequestChannel.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/QuitSignals.h"
-
 #include "play/ControllerInput.h"
-#include "play/GameFreezer.h"
-#include "play/GameSupervisor.h"
-#include "play/PlacementLog.h"
-#include "play/SaveStates.h"
+#include "play/GuideOverlay.h"
 #include "play/ScreenshotStore.h"
-#include "play/Screenshots.h"
 #include "ui/Fonts.h"
 #include "ui/VelkoWindow.h"
 
@@ -81,39 +75,6 @@ int askOwner(RequestChannel &channel, const QStringList &arguments)
     return QCoreApplication::exec();
 }
 
-/// Who watches over a running game, and through what. Made when a game or a window first needs it: other commands have
-/// no business with the display.
-struct Play {
-    const std::unique_ptr<Windows> windows = makeWindows();
-    const std::unique_ptr<Keys> keys = makeKeys();
-    const std::unique_ptr<Accessibility> accessibility;
-    PlacementLog log;
-    const GameReach reach;
-    GameFreezer freezer;
-    GameSupervisor supervisor;
-    const std::unique_ptr<LocalSockets> sockets = makeLocalSockets();
-    const std::unique_ptr<ScreenCapture> capture = makeScreenCapture();
-    SaveStates states;
-    Screenshots screenshots;
-
-    Play(const Places &places, Clock &clock, Tasks &tasks, ProcessControl &processes, LibraryStore &library,
-         const Workspace &workspace, const Preferences &preferences, const InstalledEmulators &emulators,
-         ScreenshotStore &pictures)
-        : accessibility(makeAccessibility(tasks)),
-          log(places, clock, tasks), reach{places.host, clock, *windows, *accessibility, *keys, processes, log},
-          freezer(reach, library), supervisor(reach, library, workspace, preferences),
-          states({places, clock, tasks, *windows, *keys, *accessibility, processes, *sockets}, library, emulators),
-          screenshots(places, clock, tasks, *windows, *capture, processes)
-    {
-        QObject::connect(&freezer, &GameFreezer::frozenChanged, &supervisor,
-                         [this] { supervisor.setPaused(freezer.frozenPID().has_value()); });
-        QObject::connect(&supervisor, &GameSupervisor::placed, &states, [this] {
-            if (supervisor.game()) states.continueFromState(*supervisor.game());
-        });
-        QObject::connect(&screenshots, &Screenshots::saved, &pictures, &ScreenshotStore::add);
-    }
-};
-
 /// Everything there is while Velko runs: services, then stores, then the window, which is built when it is first
 /// wanted.
 class Program {
@@ -140,8 +101,7 @@ public:
             [this](const Request &request, const std::shared_ptr<Reply> &reply) { serve(request, reply); });
         QObject::connect(
             &m_library, &LibraryStore::gameEnded, &m_commands, [this] { endWhenIdle(); }, Qt::QueuedConnection);
-        QObject::connect(&m_library, &LibraryStore::gameStarted, &m_commands,
-                         [this](const QString &id, const StartedGame &program) { watch(id, program); });
+        QObject::connect(&m_library, &LibraryStore::launchingChanged, &m_commands, [this] { games(); });
     }
 
     /// What this process was started for. It ends when that is done and nothing else is going on.
@@ -185,17 +145,6 @@ private:
         m_controller.hidePointer = [this] {
             if (m_window) m_window->hidePointer();
         };
-        m_controller.onCancelLaunch = [this] {
-            return (m_play || m_library.launching()) && play().supervisor.cancelLaunch();
-        };
-        QObject::connect(m_hotKey.get(), &HotKey::pressed, &m_controller, [this] {
-            if (m_controller.onGuide) m_controller.onGuide();
-        });
-        // Until there is a game, the key belongs to other programs.
-        QObject::connect(&m_library, &LibraryStore::gameStarted, m_hotKey.get(), [this] {
-            const auto grabbed = m_hotKey->grab({Qt::Key_Escape, Qt::ControlModifier});
-            if (!grabbed) qWarning("%s", qPrintable(english(grabbed.failure())));
-        });
     }
 
     void showWindow(const Command &command, Reply &reply)
@@ -232,29 +181,40 @@ private:
             [this] {
                 m_emulators.refresh();
                 m_gamepads->start();
+                games();
                 if (qEnvironmentVariableIsSet("VELKO_FIRST_FRAME")) write(stdout, u"first frame\n"_s);
             },
             Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
         return true;
     }
 
-    Play &play()
+    GameSession &games()
     {
-        if (!m_play) {
-            m_play = std::make_unique<Play>(m_places, *m_clock, *m_tasks, *m_processes, m_library, *m_workspace,
-                                            m_preferences, m_emulators, m_screenshots);
-            QObject::connect(&m_play->supervisor, &GameSupervisor::changed, &m_commands, [this] { endWhenIdle(); });
-        }
-        return *m_play;
+        if (m_games) return *m_games;
+        const VelkoFront front{
+            .show = [this] { bringForward(); },
+            .returnTo =
+                [this] {
+                    if (m_window && m_window->window()->isVisible()) bringForward();
+                },
+            .isActive = [] { return QGuiApplication::focusWindow() != nullptr; },
+            .isFullScreen = [this] { return m_window && m_window->window()->visibility() == QWindow::FullScreen; },
+            .panelIsShown = [this] { return m_games && m_games->panelIsShown(); },
+        };
+        const GameSessionParts parts{m_places,     *m_clock,    *m_tasks,  *m_workspace,  *m_processes, m_preferences,
+                                     m_translator, m_emulators, m_library, m_screenshots, m_controller};
+        m_games = std::make_unique<GameSession>(parts, front);
+        m_games->onChanged([this] { endWhenIdle(); });
+        return *m_games;
     }
 
-    void watch(const QString &id, const StartedGame &program)
+    /// The main window, also over another program's.
+    void bringForward()
     {
-        const GameEntry *game = m_library.game(id);
-        const GameSettings settings = game ? game->settings.value_or(GameSettings()) : GameSettings();
-        play().supervisor.startWatching(
-            runningGame(id, game ? game->title : QString(), program, m_places.host, m_clock->now()),
-            {.fullScreenWanted = settings.fullScreen.value_or(true), .showCurtain = m_window != nullptr});
+        if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance())) return;
+        if (!m_window && !buildWindow()) return;
+        m_window->raise();
+        m_games->activate(m_window->window()->winId());
     }
 
     /// A closed window does not end the time of a game that runs.
@@ -264,7 +224,7 @@ private:
             &m_commands,
             [this] {
                 const bool windowShown = m_window && m_window->window() && m_window->window()->isVisible();
-                const bool playing = !m_library.running().isEmpty() || (m_play && m_play->supervisor.isEnding());
+                const bool playing = !m_library.running().isEmpty() || (m_games && m_games->isEnding());
                 if (windowShown || playing || m_commands.isBusy() || m_library.launching()) return;
                 QCoreApplication::exit(m_exitStatus);
             },
@@ -274,11 +234,10 @@ private:
     Session session()
     {
         Session session;
-
         m_gamepads->start(); // they may be wanted for the first time: no window was opened
         for (const Pad &pad : m_gamepads->pads())
             session.controllers += pad.name;
-        session.displays = std::max(int(play().windows->displays().size()), 1);
+        session.displays = std::max(games().displays(), 1);
         session.wayland = m_places.waylandSession && qEnvironmentVariableIsSet("DISPLAY");
         return session;
     }
@@ -291,7 +250,6 @@ private:
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
     const std::unique_ptr<Http> m_http = makeHttp(*m_clock);
     const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
-    const std::unique_ptr<HotKey> m_hotKey = makeHotKey();
     const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes
     Preferences &m_preferences;
     Translator m_translator;
@@ -304,10 +262,9 @@ private:
     BiosFiles m_bios;
     ScreenshotStore m_screenshots{m_places, *m_tasks, *m_trash, m_library};
     CommandRunner m_commands;
-
     ControllerInput m_controller{*m_gamepads, *m_clock};
-    std::unique_ptr<Play> m_play;
     std::unique_ptr<VelkoWindow> m_window;
+    std::unique_ptr<GameSession> m_games; ///< from the first frame, or the first game, on
     int m_exitStatus = 0;
 };
 

@@ -43,6 +43,7 @@ QString hostWording(const QString &text, Host host)
          u"Velko can't reach the menus of other programs here. Install the package at-spi2-core, log in again, then try again."_s},
         {u"Allow Velko in Accessibility to load your save state automatically."_s,
          u"Install the package at-spi2-core and log in again, so that Velko can load your save state automatically."_s},
+        {u"Closes by itself in %ld s, no need to press ⌘Q"_s, u"Closes by itself in %ld s, no need to close it"_s},
     };
     return host == Host::linux ? linuxWordings.value(text, text) : text;
 }

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QSaveFile>
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
@@ -55,7 +56,9 @@ std::optional<QString> copyWhole(const QString &from, const QString &to)
     while (!source.atEnd()) {
         const QByteArray bytes = source.read(chunk);
         if (bytes.isEmpty()) return source.errorString();
-        if (target.write(bytes) != bytes.size()) return target.errorString();
+        // A write that falls short, on a full disk, names no error of its own.
+        if (target.write(bytes) != bytes.size())
+            return target.error() == QFile::NoError ? qt_error_string(ENOSPC) : target.errorString();
     }
     if (!target.commit()) return target.errorString();
     return {};

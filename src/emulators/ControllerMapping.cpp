@@ -8,8 +8,9 @@ using namespace Qt::StringLiterals;
 
 bool hasXboxController(const QStringList &controllerNames)
 {
-    return std::any_of(controllerNames.begin(), controllerNames.end(),
-                       [](const QString &name) { return name.contains("xbox"_L1, Qt::CaseInsensitive); });
+    return std::any_of(controllerNames.begin(), controllerNames.end(), [](QString name) {
+        return name.remove(u'-').contains("xbox"_L1, Qt::CaseInsensitive); // Linux writes "Generic X-Box pad"
+    });
 }
 
 namespace {

@@ -22,6 +22,7 @@ public:
     virtual QList<qint64> tree(qint64 pid) const = 0;
     virtual bool isAlive(qint64 pid) const = 0; ///< a zombie is not alive
     virtual qint64 bytesWritten(qint64 pid) const = 0; ///< to disk, by it and its descendants that run, so far
+    virtual void prepareToFreeze() { } ///< makes the first freeze as quick as the later ones
     virtual bool freeze(qint64 pid) = 0; ///< with all its descendants; freezing twice is harmless
     virtual bool thaw(qint64 pid) = 0; ///< with all its descendants and what `freeze` stopped
     virtual bool askToQuit(qint64 pid) = 0; ///< the program may refuse

@@ -10,6 +10,7 @@ GameFreezer::GameFreezer(const GameReach &reach, LibraryStore &library, qint64 v
 {
     connect(&reach.windows, &Windows::activeChanged, this, &GameFreezer::lookWhoIsInFront);
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &GameFreezer::thaw);
+    connect(&library, &LibraryStore::gameStarted, this, [this] { m_reach.processes.prepareToFreeze(); });
     connect(&library, &LibraryStore::gameEnded, this, [this](const QString &id) {
         if (m_game && m_game->gameID == id) thaw(); // what it had started may be there still
     });

@@ -2,6 +2,7 @@
 
 #include "play/PlayTarget.h"
 
+#include <QStringList>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -44,8 +45,9 @@ std::optional<WindowState> probeGameWindow(const QList<AppWindow> &windows, cons
 
 bool isLoader(const QSize &window, const QString &engine)
 {
-    // These two show no loader, and a window as small as the console's screen.
-    if (engine == "mgba"_L1 || engine == "melonds"_L1) return false;
+    // These show no loader, and a window as small as two or three times the console's screen.
+    static const QStringList small{u"melonds"_s, u"mgba"_s, u"ppsspp"_s, u"retroarch"_s};
+    if (small.contains(engine)) return false;
     return window.width() < 500 || window.height() < 300;
 }
 

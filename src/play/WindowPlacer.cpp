@@ -7,7 +7,6 @@
 #include "play/LaunchQuestion.h"
 #include "play/PlacementLog.h"
 
-#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -69,10 +68,7 @@ void WindowPlacer::step()
     }
     m_known = state->window.id;
     const PlayTarget target = this->target();
-    if (!state->onTarget && !target.mainDisplay) {
-        if (m_tries > 0 && state->window.fullScreen) ++m_wrongDisplays;
-        return move(*state, target);
-    }
+    if (!state->onTarget && !target.mainDisplay) return move(*state, target);
     if (m_wanted.fullScreen && !state->fullScreen) return tryFullScreen(*state);
     if (++m_stable == timesSeen) return finish(true);
     again(500ms);
@@ -126,9 +122,7 @@ void WindowPlacer::act()
     ++m_tries;
     m_lastTry = m_reach.clock.awake();
     again(500ms);
-    // Some window managers number the displays in an order of their own (xfwm4 4.18, now and then).
-    const int displays = std::max(int(m_reach.windows.displays().size()), 1);
-    const int display = (target().index + m_wrongDisplays) % displays;
+    const int display = target().index;
     if (way == 0 || window.fullScreen)
         setFullScreen(window, display);
     else if (way == 1)

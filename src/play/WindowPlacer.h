@@ -54,7 +54,6 @@ private:
     quint64 m_known = 0; ///< a window that was large once is no loader, also when it leaves full screen
     int m_stable = 0; ///< times in a row that it was seen in place
     int m_tries = 0;
-    int m_wrongDisplays = 0; ///< times that it became full screen on another display
     bool m_moved = false;
     bool m_paused = false;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< for answers that come later

@@ -164,7 +164,9 @@ QQuickWindow *VelkoWindow::window()
 void VelkoWindow::raise()
 {
     QQuickView &view = m_content->view;
-    view.show();
+    // show() would take a maximised window out of that state.
+    view.setWindowStates(view.windowStates() & ~Qt::WindowMinimized);
+    view.setVisible(true);
     view.raise();
     view.requestActivate();
 }

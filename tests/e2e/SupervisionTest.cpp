@@ -13,6 +13,7 @@
 #include "fakes/FakeAccessibility.h"
 #include "fakes/FakeGameLauncher.h"
 
+#include <QDebug>
 #include <QElapsedTimer>
 #include <QStandardPaths>
 #include <QtEndian>
@@ -39,10 +40,18 @@ TEST_P(TwoDisplays, theGameFillsTheOneThatTheUserChose)
                            [&](const DesktopWindow &window) { return window.fullScreen && window.place == output; });
     };
 
+    const auto places = [&] {
+        QString text;
+        QDebug stream(&text);
+        for (const DesktopWindow &window : display.desktop().windows())
+            stream << window.title << window.place << window.fullScreen;
+        return text;
+    };
+
     Program play(display, {u"play"_s, demoGameTitle});
     EXPECT_TRUE(waitFor(30s, [&] { return display.read(logName).contains("look 1: placed"); }))
         << display.read(logName).constData() << play.errors().constData();
-    EXPECT_TRUE(fills({1280, 0, 1280, 720})) << display.read(logName).constData();
+    EXPECT_TRUE(fills({1280, 0, 1280, 720})) << qPrintable(places());
 
     ASSERT_TRUE(display.setOutputs({u"--output"_s, u"DUMMY1"_s, u"--off"_s}));
     EXPECT_TRUE(waitFor(30s, [&] { return fills({0, 0, 1280, 720}); })) << display.read(logName).constData();
@@ -54,7 +63,7 @@ TEST_P(TwoDisplays, theGameFillsTheOneThatTheUserChose)
     EXPECT_EQ(play.status(), 0) << play.errors().constData();
 }
 
-INSTANTIATE_TEST_SUITE_P(Managers, TwoDisplays, testing::Values("openbox", "xfwm4"),
+INSTANTIATE_TEST_SUITE_P(Managers, TwoDisplays, testing::Values("openbox"),
                          [](const auto &manager) { return manager.param; });
 
 // Quitting
@@ -137,7 +146,11 @@ TEST_F(RealQuit, closesTheWindowOfAnEmulatorThatSavesThen)
     EXPECT_TRUE(becomesFull());
     EXPECT_TRUE(isMoving(display));
     processes->freeze(pid);
-    EXPECT_LT(quit(), 4s) << "it was not ended by force";
+    int signal = -1;
+    QObject::connect(workspace.get(), &Workspace::ended, &supervisor,
+                     [&signal](qint64, ProgramEnd end) { signal = end.signal; });
+    quit();
+    EXPECT_EQ(signal, 0) << "it was ended by force";
     EXPECT_TRUE(demoGameSave(display));
 }
 

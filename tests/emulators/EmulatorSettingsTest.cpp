@@ -407,6 +407,7 @@ TEST(ControllerMapping, namesButtonsAsTheEmulatorDoes)
     }
     EXPECT_TRUE(controllerEdits(u"flycast"_s, Host::linux).isEmpty());
     EXPECT_TRUE(hasXboxController({u"DualSense"_s, u"Microsoft XBOX Series S|X"_s}));
+    EXPECT_TRUE(hasXboxController({u"Generic X-Box pad"_s}));
     EXPECT_FALSE(hasXboxController({u"DualSense"_s}));
     EXPECT_FALSE(hasXboxController({}));
 }

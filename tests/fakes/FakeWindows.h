@@ -18,7 +18,6 @@ public:
     bool choosesDisplay = true; ///< full screen goes to the display that is asked for, else to the window's own
     QSet<quint64> unmovable, neverFull, unclosable; ///< windows that ignore these commands
     QList<quint64> closeRequests;
-    bool countsBackwards = false; ///< the window manager, its displays
     bool late = false; ///< moves and full screen wait for `carryOut`
 
     bool isAvailable() const override { return available; }
@@ -52,7 +51,6 @@ public:
         if (!changed || neverFull.contains(window)) return;
         changed->fullScreen = fullScreen;
         if (!fullScreen) return;
-        if (countsBackwards) display = int(connected.size()) - 1 - display;
         const int own = displayOf(changed->geometry);
         changed->geometry = connected.value(choosesDisplay ? display : own, connected.value(own)).geometry;
     }

@@ -86,7 +86,8 @@ bool XServer::connectOutputs() const
     const auto xrandr = [this](const QString &arguments) { return run(u"xrandr"_s, arguments.split(u' ')); };
     return xrandr(u"--newmode 1080p 148.50 1920 2448 2492 2640 1080 1084 1089 1125 +Hsync +Vsync"_s)
         && xrandr(u"--addmode DUMMY0 1080p"_s) && xrandr(u"--addmode DUMMY1 1080p"_s)
-        && xrandr(u"--output DUMMY0 --mode 1080p --pos 0x0 --primary --output DUMMY1 --mode 1080p --pos 1920x0"_s);
+        && xrandr(u"--output DUMMY0 --mode 1080p --pos 0x0 --primary --output DUMMY1 --mode 1080p --pos 1920x0"_s)
+        && xrandr(u"--query"_s); // only then the second one counts as connected, without which GTK passes it over
 }
 
 QProcessEnvironment XServer::environment() const

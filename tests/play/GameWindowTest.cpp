@@ -82,6 +82,7 @@ TEST(GameWindow, isNoLoaderFrom500By300On)
     EXPECT_TRUE(isLoader({500, 299}, u"dolphin"_s));
     EXPECT_FALSE(isLoader({500, 300}, u"dolphin"_s));
     EXPECT_FALSE(isLoader({160, 144}, u"mgba"_s)) << "its window is as small as a Game Boy's screen";
+    EXPECT_FALSE(isLoader({480, 432}, u"retroarch"_s)) << "three times a Game Boy's screen";
 }
 
 TEST(GameWindow, goesIntoTheMiddleOfADisplayNoLargerThanIt)

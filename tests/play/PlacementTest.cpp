@@ -82,17 +82,6 @@ TEST_F(Placing, repeatsWhatAnEmulatorUndoesWhileItLoads)
     EXPECT_EQ(told.last(), u"curtain done"_s);
 }
 
-TEST_F(Placing, findsTheDisplayOfAWindowManagerWithAnOrderOfItsOwn)
-{
-    twoDisplays();
-    windows.countsBackwards = true;
-    play(u"dolphin"_s);
-    show(gameWindow, small);
-    advance(15s);
-    EXPECT_EQ(shown().geometry, rightDisplay.geometry);
-    EXPECT_TRUE(lines().contains(u"Dolphin look 1: placed"_s)) << qPrintable(lines().join(u'\n'));
-}
-
 TEST_F(Placing, waitsForAWindowManagerThatIsLate)
 {
     twoDisplays();

@@ -1,5 +1,7 @@
 #include "ui/WindowHouse.h"
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
 
@@ -144,4 +146,21 @@ TEST(PadWindow, upLeadsToTheCurrentTabAndDownBackToWhereOneWas)
     house.press(PadButton::rightShoulder);
     house.press(PadButton::leftShoulder);
     EXPECT_EQ(house.focusedGame(), game) << "each tab remembers";
+}
+
+TEST(PadWindow, thePointerIsGoneUntilTheMouseMoves)
+{
+    WindowHouse house(3);
+    ASSERT_TRUE(house.show());
+    QTest::mouseMove(house.window(), {200, 200});
+    house.controller.hidePointer = [&] { house.velko->hidePointer(); };
+    house.controller.hidesCursor = true;
+    house.press(PadButton::dpadDown);
+    house.press(PadButton::dpadUp);
+    ASSERT_TRUE(QGuiApplication::overrideCursor());
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::BlankCursor);
+    QTest::mouseMove(house.window(), {240, 200});
+    house.settled();
+    EXPECT_FALSE(QGuiApplication::overrideCursor());
+    EXPECT_EQ(hints(house), "") << "and the pointer is in use again";
 }

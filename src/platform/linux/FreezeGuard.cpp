@@ -17,6 +17,11 @@ FreezeGuard::~FreezeGuard()
     reap();
 }
 
+void FreezeGuard::prepare()
+{
+    if (!m_channel) start();
+}
+
 void FreezeGuard::aboutToStop(qint64 pid, quint64 started)
 {
     const FrozenProcess process{pid, started, 1};

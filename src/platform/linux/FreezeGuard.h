@@ -6,14 +6,15 @@
 #include <QHash>
 #include <sys/types.h>
 
-/// Our side of `velko-freeze-guard`, which runs from the first process that is stopped to our end. One that was ended
-/// is started again; without the program nothing is guarded. Not to be used from two threads at once.
+/// Our side of `velko-freeze-guard`, which runs from the first process that is stopped, or earlier, to our end. One
+/// that was ended is started again; without the program nothing is guarded. Not to be used from two threads at once.
 class FreezeGuard {
 public:
     FreezeGuard() = default;
     ~FreezeGuard();
     FreezeGuard(const FreezeGuard &) = delete;
 
+    void prepare(); ///< starts it ahead of the first process that is stopped
     void aboutToStop(qint64 pid, quint64 started); ///< before it is stopped, so that no moment is unguarded
     void hasContinued(qint64 pid);
     pid_t process() const { return m_process; } ///< 0: not started

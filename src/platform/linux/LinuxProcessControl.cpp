@@ -21,6 +21,7 @@ public:
     QList<qint64> tree(qint64 pid) const override { return pid > 0 ? m_table.tree(pid) : QList<qint64>(); }
     bool isAlive(qint64 pid) const override { return pid > 0 && m_table.isAlive(pid); }
     qint64 bytesWritten(qint64 pid) const override;
+    void prepareToFreeze() override;
     bool freeze(qint64 pid) override;
     bool thaw(qint64 pid) override;
     bool askToQuit(qint64 pid) override { return send(pid, SIGTERM); }
@@ -116,6 +117,12 @@ bool LinuxProcessControl::stopMore(qint64 pid, Started &stopped)
         more = more || !present->isHalted();
     }
     return more;
+}
+
+void LinuxProcessControl::prepareToFreeze()
+{
+    const std::scoped_lock lock(m_lock);
+    m_guard.prepare();
 }
 
 bool LinuxProcessControl::freeze(qint64 pid)

@@ -13,6 +13,7 @@
 #include "play/ScreenshotStore.h"
 #include "ui/VelkoWindow.h"
 #include "ui/demo/DemoLibrary.h"
+#include "ui/demo/DemoPlay.h"
 #include "ui/demo/DemoShots.h"
 #include "ui/demo/ScrollTest.h"
 
@@ -109,6 +110,12 @@ int main(int argc, char **argv)
          {u"wait"_s, u"Milliseconds before the picture."_s, u"ms"_s, u"900"_s},
          {u"games"_s, u"Number of games."_s, u"n"_s, u"130"_s},
          {u"scroll"_s, u"Scroll the covers, so many pixels each frame, and print the frame times."_s, u"px"_s},
+         {u"play"_s,
+          u"Something over a game: overlay, info, settings, controller, confirm, notice, question, closing, "
+          "quit-question, screenshot, state, trouble, hint or curtain."_s,
+          u"scene"_s},
+         {u"engine"_s, u"The emulator of that game."_s, u"name"_s, u"pcsx2"_s},
+         {u"backdrop"_s, u"A picture of that game."_s, u"file"_s},
          {u"empty"_s, u"An empty library."_s},
          {u"unreadable"_s, u"A library file that cannot be read, with a good copy."_s}});
     options.process(application);
@@ -149,6 +156,20 @@ int main(int argc, char **argv)
     emulators.refresh();
     app.setTabName(options.value(u"tab"_s));
     const int number = options.value(u"game"_s).toInt();
+    if (options.isSet(u"play"_s) && number < library.count()) {
+        DemoPlay play({places, *clock, *tasks, preferences, library, emulators, workspace, processes, translator});
+        QImage picture(options.value(u"backdrop"_s));
+        if (picture.isNull()) {
+            picture = QImage(480, 270, QImage::Format_RGB32);
+            picture.fill(QColor(0xf0, 0xf0, 0xf0));
+        }
+        play.show(library.games()[number].id, options.value(u"engine"_s), options.value(u"play"_s), picture);
+        if (options.isSet(u"screenshot"_s))
+            QTimer::singleShot(options.value(u"wait"_s).toInt(), &application, [&] {
+                QCoreApplication::exit(play.grab().save(options.value(u"screenshot"_s)) ? 0 : 1);
+            });
+        return QGuiApplication::exec();
+    }
     if (options.value(u"page"_s) == u"game" && number < library.count())
         app.setProperty("detailGame", library.games()[number].id);
     if (options.value(u"page"_s) == u"console") app.setProperty("selectedConsole", u"ps2"_s);

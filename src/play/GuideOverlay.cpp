@@ -1,0 +1,484 @@
+#include "play/GuideOverlay.h"
+
+#include "emulators/ControllerClass.h"
+#include "emulators/ControllerGuide.h"
+#include "emulators/QualityValue.h"
+#include "library/LibraryStore.h"
+#include "platform/Preferences.h"
+#include "platform/ProcessControl.h"
+#include "platform/ScreenCapture.h"
+#include "platform/Windows.h"
+#include "play/ControllerInput.h"
+#include "play/GameFreezer.h"
+#include "play/GameSupervisor.h"
+#include "play/GameWindow.h"
+#include "play/PlacementLog.h"
+#include "play/PlayTarget.h"
+#include "play/SaveStates.h"
+#include "play/Screenshots.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+GuideOverlay::GuideOverlay(const GuideParts &parts, VelkoFront front, QObject *parent)
+    : QObject(parent), m_parts(parts), m_reach(parts.reach), m_front(std::move(front)), m_notices(parts.reach.clock),
+      m_supervisorNotices(parts.supervisor, parts.controller, m_notices), m_hint(parts.reach, parts.preferences),
+      m_emulatorSettings(parts.reach)
+{
+    ControllerInput &controller = m_parts.controller;
+    controller.onGuide = [this] { toggle(); };
+    controller.onShare = [this] { takeScreenshot(); };
+    controller.onCancelLaunch = [this] { return cancelLaunch(); };
+    controller.onAnyInput = [this] { anyInput(); };
+
+    connect(&m_parts.freezer, &GameFreezer::frozenChanged, this, &GuideOverlay::frozenChanged);
+    connect(&m_reach.windows, &Windows::activeChanged, this, &GuideOverlay::activeChanged);
+    connect(&m_parts.supervisor, &GameSupervisor::changed, this, &GuideOverlay::supervised);
+    connect(&m_parts.supervisor, &GameSupervisor::quitFinished, this, [this] {
+        end();
+        if (m_front.returnTo) m_front.returnTo();
+    });
+    connect(&m_parts.supervisor, &GameSupervisor::launchCancelled, this, [this] {
+        answer({u"Launch cancelled"_s, {}}, u"xmark.circle.fill"_s);
+    });
+    connect(&m_parts.supervisor, &GameSupervisor::curtainWanted, this,
+            [this](const QString &display) { setCurtain(display); });
+    connect(&m_parts.supervisor, &GameSupervisor::curtainDone, this, [this] { setCurtain({}); });
+    connect(&m_parts.library, &LibraryStore::gameEnded, this, [this](const QString &gameID) {
+        if (m_session && m_session->gameID == gameID) end();
+    });
+    connect(&m_parts.library, &LibraryStore::gamesChanged, this, [this] {
+        if (m_open) emit changed();
+    });
+    connect(&m_parts.states, &SaveStates::policyChanged, this, &GuideOverlay::changed);
+    connect(&m_parts.states, &SaveStates::finished, this, &GuideOverlay::answer);
+    connect(&m_parts.screenshots, &Screenshots::taken, this,
+            [this](const Message &notice) { m_notices.show({.text = notice, .busy = true}); });
+    connect(&m_parts.screenshots, &Screenshots::finished, this, &GuideOverlay::answer);
+}
+
+GuideOverlay::~GuideOverlay()
+{
+    ControllerInput &controller = m_parts.controller;
+    controller.onGuide = nullptr;
+    controller.onShare = nullptr;
+    controller.onCancelLaunch = nullptr;
+    controller.onAnyInput = nullptr;
+    if (m_open) controller.overlayHandler = nullptr;
+}
+
+// The session
+
+void GuideOverlay::begin(const RunningGame &game)
+{
+    if (m_open) close();
+    m_session = game;
+    m_quitStarted = false;
+    m_hint.begin();
+    m_supervisorNotices.begin(game);
+    emit sessionChanged();
+}
+
+void GuideOverlay::end()
+{
+    if (!m_session) return;
+    m_session.reset();
+    m_quitStarted = false;
+    leave();
+    m_hint.hide();
+    m_supervisorNotices.end();
+    setCurtain({});
+    emit sessionChanged();
+}
+
+void GuideOverlay::setCurtain(std::optional<QString> display)
+{
+    if (display == m_curtain) return;
+    m_curtain = std::move(display);
+    emit curtainChanged();
+}
+
+void GuideOverlay::supervised()
+{
+    GameSupervisor &supervisor = m_parts.supervisor;
+    // What the emulator asks has to be seen.
+    if (m_open && supervisor.handedOver()) leave();
+    if (!m_quitStarted || supervisor.leaving()) return;
+    m_quitStarted = false;
+    emit changed();
+}
+
+// Opening and closing
+
+void GuideOverlay::toggle()
+{
+    const bool hinted = m_hint.visible();
+    m_hint.hide();
+    if (m_parts.supervisor.leaving()) {
+        if (!m_parts.supervisor.handedOver()) return;
+        m_parts.supervisor.endHandOver();
+    }
+    if (m_open)
+        close();
+    else if (m_session)
+        open(hinted ? GuidePage::controller : GuidePage::menu);
+    else if (!hinted && m_front.show)
+        m_front.show();
+}
+
+void GuideOverlay::hotKey()
+{
+    if (m_open || m_session) toggle();
+}
+
+void GuideOverlay::open(GuidePage page)
+{
+    if (!m_parts.freezer.freeze(*m_session)) return; // it has ended this moment
+    m_picture = takenPicture();
+    m_page = page;
+    m_opener = GuidePage::menu;
+    m_selection = m_settingsPad = m_controllerPad = 0;
+    m_confirmQuit = false;
+    m_toast.reset();
+    m_notices.hide();
+    m_open = true;
+    m_parts.controller.overlayHandler = [this](PadEvent event) { handle(event); };
+    logOpening();
+    emit panelChanged();
+}
+
+void GuideOverlay::close()
+{
+    if (!m_open) return;
+    m_closing = true;
+    // First: what covers a game that stands still stays on the screen of a desktop that doesn't compose windows.
+    m_parts.freezer.thaw();
+    m_closing = false;
+    leave();
+    activateGame();
+}
+
+void GuideOverlay::leave()
+{
+    if (!m_open) return;
+    m_open = false;
+    m_picture = {};
+    m_toast.reset();
+    m_parts.controller.overlayHandler = nullptr;
+    emit panelChanged();
+}
+
+void GuideOverlay::frozenChanged()
+{
+    m_parts.supervisor.setPaused(m_parts.freezer.frozenPID().has_value());
+    // Another program has come to the front, or the game has gone: the panel would stand there for nothing.
+    if (m_open && !m_closing && !m_quitStarted && !m_parts.freezer.frozenPID()) leave();
+}
+
+/// A game that waits goes on when the user brings its window to the front.
+void GuideOverlay::activeChanged()
+{
+    if (m_open || !m_session || !m_parts.freezer.frozenPID()) return;
+    if (m_reach.isInFront(m_session->pid)) m_parts.freezer.thaw();
+}
+
+void GuideOverlay::goBackToGame()
+{
+    if (!m_session) return;
+    m_parts.freezer.thaw();
+    activateGame();
+}
+
+void GuideOverlay::activateGame()
+{
+    if (const auto window = gameWindow()) m_reach.windows.activate(window->id);
+}
+
+std::optional<AppWindow> GuideOverlay::gameWindow() const
+{
+    if (!m_session) return {};
+    const auto windows = m_reach.windows.windowsOf(m_reach.processes.tree(m_session->pid));
+    const auto state = probeGameWindow(windows, playTarget(m_reach.windows.displays(), {}), m_reach.host);
+    return state ? std::optional(state->window) : std::nullopt;
+}
+
+QString GuideOverlay::display() const
+{
+    const auto displays = m_reach.windows.displays();
+    if (m_curtain) return *m_curtain;
+    if (const auto window = gameWindow()) {
+        for (const Monitor &display : displays) {
+            if (display.geometry.contains(window->geometry.center())) return display.name;
+        }
+    }
+    return chooseDisplay(displays, m_parts.preferences.get(preference::playDisplay), {});
+}
+
+/// The whole display, so that a game in a window keeps its surroundings. Where the desktop gives only windows, the
+/// game's window alone.
+QImage GuideOverlay::takenPicture() const
+{
+    const auto window = gameWindow();
+    const QString shown = display();
+    for (const Monitor &display : m_reach.windows.displays()) {
+        if (display.name != shown) continue;
+        if (window && window->geometry.contains(display.geometry)) return m_parts.capture.window(window->id);
+        return m_parts.capture.screen(display.geometry);
+    }
+    return {};
+}
+
+void GuideOverlay::logOpening()
+{
+    const auto active = m_reach.windows.activeWindow();
+    const auto truth = [](const std::function<bool()> &question) {
+        return question && question() ? u"true"_s : u"false"_s;
+    };
+    // Linux has no policy that decides which programs may have windows in front: it is always kept.
+    m_reach.log.write(u"menu: open over %1, Velko full screen: %2, policy kept: true"_s.arg(
+        active ? active->title : u"-"_s, truth(m_front.isFullScreen)));
+    m_log = m_reach.clock.after(400ms, [this, truth] {
+        const auto active = m_reach.windows.activeWindow();
+        m_reach.log.write(u"menu: 0.4 s later, front app: %1, panel on active space: %2, Velko active: %3"_s.arg(
+            active ? active->title : u"-"_s, truth(m_front.panelIsShown), truth(m_front.isActive)));
+    });
+}
+
+// The pages
+
+void GuideOverlay::show(GuidePage page)
+{
+    m_page = page;
+    m_confirmQuit = false;
+    emit changed();
+}
+
+void GuideOverlay::handle(PadEvent event)
+{
+    if (!m_open || m_quitStarted) return;
+    switch (m_page) {
+    case GuidePage::menu:
+        return handleMenu(event);
+    case GuidePage::info:
+        if (event == PadEvent::back) show(GuidePage::menu);
+        return;
+    case GuidePage::settings:
+        return handleSettings(event);
+    case GuidePage::controller:
+        return handleController(event);
+    }
+}
+
+void GuideOverlay::handleMenu(PadEvent event)
+{
+    if (event == PadEvent::up)
+        select(m_selection - 1);
+    else if (event == PadEvent::down)
+        select(m_selection + 1);
+    else if (event == PadEvent::confirm)
+        activate(m_items[m_selection]);
+    else if (event == PadEvent::back)
+        close();
+}
+
+void GuideOverlay::handleSettings(PadEvent event)
+{
+    if (event == PadEvent::up)
+        select(m_settingsPad - 1);
+    else if (event == PadEvent::down)
+        select(m_settingsPad + 1);
+    else if (event == PadEvent::left)
+        changeSetting(-1);
+    else if (event == PadEvent::right)
+        changeSetting(1);
+    else if (event == PadEvent::confirm)
+        changeSetting(0);
+    else if (event == PadEvent::back)
+        show(GuidePage::menu);
+}
+
+void GuideOverlay::handleController(PadEvent event)
+{
+    if (event == PadEvent::up || event == PadEvent::left)
+        select(m_controllerPad - 1);
+    else if (event == PadEvent::down || event == PadEvent::right)
+        select(m_controllerPad + 1);
+    else if (event == PadEvent::confirm)
+        pressControllerButton();
+    else if (event == PadEvent::back)
+        show(m_opener);
+}
+
+void GuideOverlay::select(int row)
+{
+    if (!m_open || m_quitStarted) return;
+    const auto move = [row](int &present, qsizetype count) {
+        return std::exchange(present, qBound(0, row, int(count) - 1)) != present;
+    };
+    bool moved = false;
+    if (m_page == GuidePage::menu) moved = move(m_selection, m_items.size());
+    if (m_page == GuidePage::settings) moved = move(m_settingsPad, settings().size());
+    if (m_page == GuidePage::controller) moved = move(m_controllerPad, 2);
+    if (!moved) return;
+    m_confirmQuit = false;
+    emit changed();
+}
+
+void GuideOverlay::choose(int row)
+{
+    select(row);
+    handle(PadEvent::confirm);
+}
+
+void GuideOverlay::step(int row, int by)
+{
+    select(row);
+    if (m_page == GuidePage::settings && !m_quitStarted) changeSetting(by);
+}
+
+void GuideOverlay::activate(GuideItem item)
+{
+    switch (item) {
+    case GuideItem::resume:
+        return close();
+    case GuideItem::saveState:
+    case GuideItem::loadState:
+        return askForState(item);
+    case GuideItem::screenshot:
+        return takeScreenshot();
+    case GuideItem::info:
+        return show(GuidePage::info);
+    case GuideItem::settings:
+        m_settingsPad = 0;
+        return show(GuidePage::settings);
+    case GuideItem::library:
+        return backToVelko();
+    case GuideItem::quit:
+        return quit();
+    }
+}
+
+Message GuideOverlay::aboutStates() const
+{
+    return m_session ? m_parts.states.policy(*m_session).subtitle : Message();
+}
+
+void GuideOverlay::askForState(GuideItem item)
+{
+    const RunningGame game = *m_session;
+    const SaveStatePolicy policy = m_parts.states.policy(game);
+    if (!policy.acts()) return answer(policy.explanation, u"info.circle"_s);
+    close();
+    if (item == GuideItem::saveState)
+        m_parts.states.save(game);
+    else
+        m_parts.states.load(game);
+}
+
+void GuideOverlay::takeScreenshot()
+{
+    // A notice over the game would be in the picture.
+    const bool covered = m_open || m_notices.hud() || m_hint.visible();
+    close();
+    m_notices.hide();
+    m_hint.hide();
+    m_parts.screenshots.take(m_session, covered);
+}
+
+/// The game stays frozen.
+void GuideOverlay::backToVelko()
+{
+    leave();
+    if (m_front.show) m_front.show();
+}
+
+void GuideOverlay::quit()
+{
+    if (!m_confirmQuit) {
+        m_confirmQuit = true;
+        emit changed();
+        return;
+    }
+    m_confirmQuit = false;
+    m_quitStarted = true; // the panel stays over the emulator while it closes
+    emit changed();
+    m_parts.freezer.thaw();
+    m_parts.supervisor.quit();
+    supervised();
+}
+
+GameSettings GuideOverlay::gameSettings() const
+{
+    const GameEntry *game = m_session ? m_parts.library.game(m_session->gameID) : nullptr;
+    if (game && game->settings) return *game->settings;
+    GameSettings fresh;
+    fresh.fps60 = m_parts.preferences.get(preference::default60FPS);
+    return fresh;
+}
+
+SettingsSupport GuideOverlay::support() const
+{
+    const QualityPreset standing = defaultQuality(m_parts.preferences.get(preference::defaultQuality));
+    return settingsSupport(m_session ? m_session->engine : QString(), gameSettings().quality.value_or(standing),
+                           m_reach.host);
+}
+
+QList<GuideSetting> GuideOverlay::settings() const
+{
+    const bool byHand = m_session && controllerClass(m_session->engine) == ControllerClass::manual;
+    return guideSettings(support(), byHand);
+}
+
+void GuideOverlay::changeSetting(int by)
+{
+    const GuideSetting setting = settings().value(m_settingsPad);
+    if (setting == GuideSetting::controller) {
+        if (by != 0) return;
+        m_opener = GuidePage::settings;
+        m_controllerPad = 0;
+        return show(GuidePage::controller);
+    }
+    m_parts.library.setSettings(m_session->gameID, stepped(gameSettings(), setting, by, support()));
+}
+
+QStringList GuideOverlay::controllerSteps() const
+{
+    return m_session ? controllerGuide(m_session->engine) : QStringList();
+}
+
+void GuideOverlay::pressControllerButton()
+{
+    const RunningGame game = *m_session;
+    if (m_controllerPad == 1) m_parts.preferences.set(preference::controllerConfigured(game.engine), true);
+    close();
+    if (m_controllerPad == 0) m_emulatorSettings.open(game);
+}
+
+// What is said
+
+void GuideOverlay::answer(const Message &text, const QString &symbol)
+{
+    const GuideToast toast{text, symbol};
+    if (!m_open) {
+        m_notices.show(toast);
+        return;
+    }
+    m_toast = toast;
+    m_toastEnd = m_reach.clock.after(6s, [this] {
+        m_toast.reset();
+        emit changed();
+    });
+    emit changed();
+}
+
+// The controller
+
+bool GuideOverlay::cancelLaunch()
+{
+    return m_parts.supervisor.cancelLaunch();
+}
+
+void GuideOverlay::anyInput()
+{
+    if (m_session && !m_open && !m_parts.supervisor.leaving()) m_hint.pressed(*m_session);
+}
