@@ -214,18 +214,16 @@ QString GuideOverlay::display() const
     return chooseDisplay(displays, m_parts.preferences.get(preference::playDisplay), {});
 }
 
-/// The whole display, so that a game in a window keeps its surroundings. Where the desktop gives only windows, the
-/// game's window alone.
+/// The whole display, with what lies around a game in a window. Where the desktop gives only windows, the game's alone.
 QImage GuideOverlay::takenPicture() const
 {
-    const auto window = gameWindow();
     const QString shown = display();
     for (const Monitor &display : m_reach.windows.displays()) {
         if (display.name != shown) continue;
-        if (window && window->geometry.contains(display.geometry)) return m_parts.capture.window(window->id);
-        return m_parts.capture.screen(display.geometry);
+        if (const QImage picture = m_parts.capture.screen(display.geometry); !picture.isNull()) return picture;
     }
-    return {};
+    const auto window = gameWindow();
+    return window ? m_parts.capture.window(window->id) : QImage();
 }
 
 void GuideOverlay::logOpening()
