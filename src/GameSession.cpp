@@ -108,12 +108,16 @@ void GameSession::Content::tellTimes()
         toggle();
     };
     QObject::connect(&freezer, &GameFreezer::frozenChanged, &guide, [this, tell] {
-        if (freezer.frozenPID()) tell("stopped");
+        if (freezer.frozenPID() && sinceChord.isValid()) tell("stopped");
     });
     QObject::connect(&guide, &GuideOverlay::panelChanged, &guide, [this, tell] {
-        if (!guide.isOpen()) return;
+        if (!guide.isOpen() || !sinceChord.isValid()) return;
         QObject::connect(
-            surfaces->panel(), &QQuickWindow::frameSwapped, &guide, [tell] { tell("drawn"); },
+            surfaces->panel(), &QQuickWindow::frameSwapped, &guide,
+            [this, tell] {
+                tell("drawn");
+                sinceChord.invalidate();
+            },
             Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
     });
 }

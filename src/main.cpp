@@ -165,8 +165,8 @@ private:
 
     bool buildWindow()
     {
-        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_screenshots, m_emulators,
-                                                             m_preferences, m_translator, *m_clock, *m_tasks,
+        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_screenshots, m_emulators, m_bios,
+                                                             m_changes, m_preferences, m_translator, *m_clock, *m_tasks,
                                                              *m_workspace, m_places, m_controller, &m_patches});
         if (!m_window->load()) {
             m_window.reset();

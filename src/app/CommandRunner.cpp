@@ -220,7 +220,7 @@ void CommandRunner::play(const QString &word, const Answer &reply)
                 watch->deleteLater();
                 reply->finish(0);
             });
-    m_library.launch(id);
+    m_library.launchWithoutAsking(id);
 }
 
 void CommandRunner::emulators(bool json, const Answer &reply)

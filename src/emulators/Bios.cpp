@@ -106,7 +106,7 @@ BiosState xboxState(const InstalledEmulator &xemu, const Places &places)
     QFile file(xemuSettingsFile(xemu, places));
     QMap<QString, QString> files;
     if (file.open(QFile::ReadOnly)) files = xemuSystemFiles(QString::fromUtf8(file.read(4 * chunk)));
-    BiosState state{BiosPresence::present, missingXemuFiles(files), {}};
+    BiosState state{.presence = BiosPresence::present, .missing = missingXemuFiles(files)};
     if (!state.missing.isEmpty()) state.presence = BiosPresence::missing;
     const QString bootRom = files.value(u"bootrom_path"_s);
     const BiosIdentity identity = identifyBios(bootRom);
@@ -140,9 +140,14 @@ BiosState biosState(const Console &console, const std::optional<InstalledEmulato
     if (!console.bios) return {};
     if (console.bios->dest.kind == BiosDest::Kind::ps3Firmware)
         return firmwareState(copyOrUsual(console, copy), places);
-    if (console.id == "xbox"_L1) return xboxState(copyOrUsual(console, copy), places);
-    const auto files = found(console, biosFolder(console, copy, places));
-    BiosState state{files.isEmpty() ? BiosPresence::missing : BiosPresence::unknownFile, {}, {}};
+    const QString folder = biosFolder(console, copy, places);
+    if (console.id == "xbox"_L1) {
+        BiosState state = xboxState(copyOrUsual(console, copy), places);
+        state.folder = folder;
+        return state;
+    }
+    const auto files = found(console, folder);
+    BiosState state{.presence = files.isEmpty() ? BiosPresence::missing : BiosPresence::unknownFile, .folder = folder};
     for (const auto &[name, identity] : files) {
         if (identity.grade == Grade::good) state.presence = BiosPresence::present;
         state.remarks += biosRemark(identity, name, console.bios->label);

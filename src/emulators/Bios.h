@@ -14,6 +14,7 @@ enum class BiosPresence { notNeeded, missing, unknownFile, present };
 struct BiosState {
     BiosPresence presence = BiosPresence::notNeeded;
     QStringList missing; ///< labels of what is still missing, where there are several (Xbox)
+    QString folder; ///< where the files belong; empty for firmware that RPCS3 installs itself
     QList<Message> remarks; ///< one for each file that was found: what it is, or what is wrong with it
     bool operator==(const BiosState &) const = default;
 };

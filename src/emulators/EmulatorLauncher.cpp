@@ -1,5 +1,6 @@
 #include "emulators/EmulatorLauncher.h"
 
+#include "emulators/ControllerClass.h"
 #include "emulators/EmulatorChanges.h"
 #include "emulators/FramePatches.h"
 #include "emulators/InstalledEmulators.h"
@@ -45,10 +46,22 @@ void EmulatorLauncher::prepare(const LaunchRequest &request, Done done)
     const auto prepare = [input, places = m_places, finder = m_emulators.finder(), &processes = m_processes] {
         return prepareLaunch(input, places, finder, processes);
     };
-    m_tasks.run(this, prepare, [this, done = std::move(done)](Result<PreparedLaunch> prepared) {
+    m_tasks.run(this, prepare, [this, done = std::move(done)](Result<PreparedLaunch, LaunchRefusal> prepared) {
         if (!prepared) return done(prepared.failure());
         endRunning(std::move(prepared.value()), done);
     });
+}
+
+QString EmulatorLauncher::controllerToSetUp(const LaunchRequest &request) const
+{
+    const Console *console = consoleWithID(request.consoleID, m_places.host);
+    if (!console || opensItself(request.path, *console, m_places.host) || m_session().controllers.isEmpty()) return {};
+    const auto emulator = m_emulators.forConsole(request.consoleID);
+    if (!emulator || controllerClass(emulator->emulatorID) != ControllerClass::manual) return {};
+    const QString &id = emulator->emulatorID;
+    const bool settled = m_preferences.get(preference::controllerConfigured(id))
+        || m_preferences.get(preference::hideControllerNotice(id));
+    return settled ? QString() : id;
 }
 
 void EmulatorLauncher::endRunning(PreparedLaunch launch, Done done)

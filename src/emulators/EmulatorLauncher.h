@@ -23,8 +23,9 @@ public:
                      Clock &clock, Tasks &tasks, const InstalledEmulators &emulators, EmulatorChanges &changes,
                      std::function<Session()> session, QObject *parent = nullptr);
 
-    using Done = std::function<void(Result<StartedGame>)>;
+    using Done = std::function<void(LaunchResult)>;
     void launch(const LaunchRequest &request, Done done) override;
+    QString controllerToSetUp(const LaunchRequest &request) const override;
 
     /// With them a game that wants 60 FPS waits a few seconds for its list of patches, when there is none at all yet.
     void setPatches(FramePatches *patches) { m_patches = patches; }

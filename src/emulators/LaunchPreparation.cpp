@@ -40,14 +40,15 @@ static LaunchFacts factsOf(const LaunchInput &input, const Places &places)
     return facts;
 }
 
-static Result<ReadyEmulator> chooseFor(const Console &console, const LaunchInput &input, const Places &places,
-                                       const EmulatorFinder &finder)
+static Result<ReadyEmulator, LaunchRefusal> chooseFor(const Console &console, const LaunchInput &input,
+                                                      const Places &places, const EmulatorFinder &finder)
 {
     if (input.known) return *input.known;
     if (const auto ready = finder.readyFor(console, input.choices)) return *ready;
     const EmulatorDef *retroArch = emulatorWithID(u"retroarch"_s, places.host);
     const bool asks = retroArch && console.emulators.contains(retroArch->id);
-    return noEmulatorFor(console, asks ? finder.find(*retroArch, input.choices) : std::nullopt, places);
+    const auto found = asks ? finder.find(*retroArch, input.choices) : std::nullopt;
+    return LaunchRefusal(noEmulatorFor(console, found, places), found ? QString() : console.emulators.value(0));
 }
 
 /// xemu makes the socket, but not its folder.
@@ -77,8 +78,8 @@ static SetUpOrder orderOf(const InstalledEmulator &emulator, const LaunchInput &
 }
 
 /// `chosen`: the copy that was chosen; absent for a game that is itself a program.
-static Result<LaunchPlan> planOf(const Console &console, const LaunchInput &input, const Places &places,
-                                 const EmulatorFinder &finder, std::optional<InstalledEmulator> &chosen)
+static Result<LaunchPlan, LaunchRefusal> planOf(const Console &console, const LaunchInput &input, const Places &places,
+                                                const EmulatorFinder &finder, std::optional<InstalledEmulator> &chosen)
 {
     LaunchFacts facts = factsOf(input, places);
     if (opensItself(input.request.path, console, places.host)) {
@@ -91,7 +92,8 @@ static Result<LaunchPlan> planOf(const Console &console, const LaunchInput &inpu
     if (places.host == Host::mac && emulator.emulatorID == "shadps4"_L1) {
         if (const auto refusal = shadPS4MacRefusal(input.session.mac)) return *refusal;
     }
-    if (const auto refusal = emulatorRefusal(emulator, input.request.path, places)) return *refusal;
+    if (const auto refusal = emulatorRefusal(emulator, input.request.path, places))
+        return LaunchRefusal(*refusal, emulator.emulatorID == "xemu"_L1 ? emulator.emulatorID : QString());
     chosen = emulator;
     facts.core = ready.value().core;
     if (emulator.emulatorID == "xemu"_L1) facts.xemuSocket = socketFor(emulator, input.request.path, places);
@@ -133,8 +135,8 @@ static QList<qint64> runningNow(const QStringList &programs, const ProcessContro
     return pids;
 }
 
-Result<PreparedLaunch> prepareLaunch(const LaunchInput &input, const Places &places, const EmulatorFinder &finder,
-                                     const ProcessControl &processes)
+Result<PreparedLaunch, LaunchRefusal> prepareLaunch(const LaunchInput &input, const Places &places,
+                                                    const EmulatorFinder &finder, const ProcessControl &processes)
 {
     const LaunchRequest &request = input.request;
     if (!QFileInfo::exists(request.path)) return Message{u"File not found: %@"_s, {request.path}};

@@ -41,8 +41,8 @@ struct PreparedLaunch {
 
 /// Everything up to the start: checks, the search for an emulator, the plan, and the files that it needs. A file that
 /// cannot be written does not stop the launch. Blocks: call it in the background.
-Result<PreparedLaunch> prepareLaunch(const LaunchInput &input, const Places &places, const EmulatorFinder &finder,
-                                     const ProcessControl &processes);
+Result<PreparedLaunch, LaunchRefusal> prepareLaunch(const LaunchInput &input, const Places &places,
+                                                    const EmulatorFinder &finder, const ProcessControl &processes);
 
 /// Whether a program of this name can be started. A look at the disk.
 bool isOnPath(const QString &program, const Places &places);

@@ -49,9 +49,9 @@ void GameLaunch::checkCloud(std::chrono::milliseconds begun)
     if (QFileInfo::exists(m_order.request.path)) return handOver();
     if (m_clock.awake() - begun < cloudPatience) return;
     finish();
-    emit failed(
-        m_order.gameID,
-        {u"“%@” is still being downloaded from iCloud. Play again when it has arrived."_s, {m_order.request.title}});
+    emit failed(m_order.gameID,
+                Message{u"“%@” is still being downloaded from iCloud. Play again when it has arrived."_s,
+                        {m_order.request.title}});
 }
 
 void GameLaunch::search()
@@ -82,12 +82,12 @@ void GameLaunch::searched(const QStringList &places)
 void GameLaunch::handOver()
 {
     m_cloudCheck.reset();
-    m_launcher.launch(m_order.request, [self = QPointer(this), token = m_token](const Result<StartedGame> &result) {
+    m_launcher.launch(m_order.request, [self = QPointer(this), token = m_token](const LaunchResult &result) {
         if (self) self->launched(token, result);
     });
 }
 
-void GameLaunch::launched(int token, const Result<StartedGame> &result)
+void GameLaunch::launched(int token, const LaunchResult &result)
 {
     if (token != m_token) {
         if (result) m_processes.askToQuit(result.value().pid);

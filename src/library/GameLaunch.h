@@ -45,7 +45,7 @@ signals:
     void changed(); ///< `state`
     void moved(const QString &gameID, const QString &path); ///< the file was found there; the launch goes on
     void missing(const QString &gameID);
-    void failed(const QString &gameID, const Message &why);
+    void failed(const QString &gameID, const LaunchRefusal &why);
     void started(const GameLaunch::Order &order, const StartedGame &program);
 
 private:
@@ -55,7 +55,7 @@ private:
     void searched(const QStringList &places);
     void handOver();
     void finish();
-    void launched(int token, const Result<StartedGame> &result);
+    void launched(int token, const LaunchResult &result);
 
     Places m_places;
     Clock &m_clock;

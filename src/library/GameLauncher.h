@@ -25,10 +25,27 @@ struct StartedGame {
     QList<Message> shortcomings; ///< what of the game's settings could not be written; the game runs all the same
 };
 
+/// Why a game was not started.
+struct LaunchRefusal {
+    Message message;
+    QString emulatorToSetUp; ///< the emulator that must be installed or set up first; empty: another reason
+
+    LaunchRefusal(Message why, QString emulatorID = {})
+        : message(std::move(why)), emulatorToSetUp(std::move(emulatorID))
+    { }
+    bool operator==(const LaunchRefusal &) const = default;
+};
+
+using LaunchResult = Result<StartedGame, LaunchRefusal>;
+
 /// Starts games for the library, which does not know how. Main thread; `done` comes once, on the main thread, and never
 /// from inside `launch`.
 class GameLauncher {
 public:
     virtual ~GameLauncher() = default;
-    virtual void launch(const LaunchRequest &request, std::function<void(Result<StartedGame>)> done) = 0;
+    virtual void launch(const LaunchRequest &request, std::function<void(LaunchResult)> done) = 0;
+
+    /// The emulator in which the user has to set the controller up before this game is played, and wants to be told so;
+    /// empty: none, as far as is known. Quick.
+    virtual QString controllerToSetUp(const LaunchRequest &) const { return {}; }
 };

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 LibraryStore::LibraryStore(const Places &places, Preferences &preferences, Clock &clock, Tasks &tasks, FileIndex &index,
                            Workspace &workspace, ProcessControl &processes, GameLauncher &launcher, QObject *parent)
     : QObject(parent), m_host(places.host), m_preferences(preferences), m_clock(clock), m_tasks(tasks),
-      m_disk(places, preferences), m_scan(tasks, places.host),
+      m_disk(places, preferences), m_scan(tasks, places.host), m_launcher(launcher),
       m_launch(places, clock, tasks, index, processes, launcher),
       m_sessions(clock, [this](const auto &stretches, const auto &moment) { countPlayTime(stretches, moment); }),
       m_games(m_disk.read(clock.now())), m_romFolders(preferences.get(preference::romFolders))
@@ -162,6 +162,7 @@ void LibraryStore::remove(const QString &id)
     emit gameRemoved(*index);
     emit gamesChanged();
     if (m_missingFile == id) dismissMissingFile();
+    if (m_pendingLaunch == id) dismissControllerNotice();
     if (launching() && launching()->gameID == id) cancelLaunch();
 }
 
@@ -279,15 +280,20 @@ void LibraryStore::addFound(const ScanFindings &findings)
 
 void LibraryStore::launch(const QString &id)
 {
-    begin(id, false);
+    begin(id, false, Asking::yes);
+}
+
+void LibraryStore::launchWithoutAsking(const QString &id)
+{
+    begin(id, false, Asking::no);
 }
 
 void LibraryStore::resume(const QString &id)
 {
-    begin(id, true);
+    begin(id, true, Asking::yes);
 }
 
-void LibraryStore::begin(const QString &id, bool resume)
+void LibraryStore::begin(const QString &id, bool resume, Asking asking)
 {
     if (!game(id) || launching()) return;
     m_endedEarly.clear();
@@ -304,7 +310,39 @@ void LibraryStore::begin(const QString &id, bool resume)
     order.isAnotherGames = [this](const QString &path) {
         return std::any_of(m_games.begin(), m_games.end(), [&](const GameEntry &game) { return game.path == path; });
     };
+    const QString toSetUp = asking == Asking::yes ? m_launcher.controllerToSetUp(order.request) : QString();
+    if (!toSetUp.isEmpty()) return wait(id, resume, toSetUp);
     m_launch.begin(order);
+}
+
+void LibraryStore::wait(const QString &id, bool resume, const QString &emulatorID)
+{
+    m_pendingLaunch = id;
+    m_pendingResume = resume;
+    m_controllerNotice = ControllerNotice{id, emulatorID};
+    emit controllerNoticeChanged();
+}
+
+void LibraryStore::goOn()
+{
+    const QString id = m_pendingLaunch;
+    dismissControllerNotice();
+    begin(id, m_pendingResume, Asking::no);
+}
+
+void LibraryStore::dismissControllerNotice()
+{
+    if (!m_controllerNotice) return;
+    m_controllerNotice.reset();
+    m_pendingLaunch.clear();
+    emit controllerNoticeChanged();
+}
+
+void LibraryStore::dismissSetupIssue()
+{
+    if (!m_setupIssue) return;
+    m_setupIssue.reset();
+    emit setupIssueChanged();
 }
 
 void LibraryStore::cancelLaunch()
@@ -315,10 +353,15 @@ void LibraryStore::cancelLaunch()
     emit launchCancelled(id);
 }
 
-void LibraryStore::fail(const QString &id, const Message &why)
+void LibraryStore::fail(const QString &id, const LaunchRefusal &why)
 {
-    setLastError(why);
-    emit launchFailed(id, why);
+    if (why.emulatorToSetUp.isEmpty()) {
+        setLastError(why.message);
+    } else {
+        m_setupIssue = SetupIssue{why.emulatorToSetUp, why.message};
+        emit setupIssueChanged();
+    }
+    emit launchFailed(id, why.message);
 }
 
 void LibraryStore::programStarted(const GameLaunch::Order &order, const StartedGame &program)

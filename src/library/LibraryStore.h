@@ -89,12 +89,17 @@ public:
     Q_INVOKABLE void scan(const QStringList &folders); ///< empty: all `romFolders`; ignored while one is under way
     Q_INVOKABLE void cancelScan(); ///< what was found so far is added
 
-    Q_INVOKABLE void launch(const QString &id); ///< ignored while another launch is under way
+    /// Ignored while another launch is under way. May wait for the user first: see `controllerNotice`.
+    Q_INVOKABLE void launch(const QString &id);
+    void launchWithoutAsking(const QString &id);
     Q_INVOKABLE void resume(const QString &id); ///< the same, from the game's last save state
     Q_INVOKABLE void cancelLaunch(); ///< a program that starts all the same is asked to quit
     void setPaused(const QString &id, bool paused); ///< the play time of a paused game stands still
     void expectEnd(qint64 pid); ///< the user ends the program: it is no failure, however short the session was
     void endSession(qint64 pid); ///< the program counts as ended, even if the system has not noticed or can't end it
+    Q_INVOKABLE void goOn(); ///< with the launch that waits for the user
+    Q_INVOKABLE void dismissControllerNotice(); ///< and the launch that waits for it
+    Q_INVOKABLE void dismissSetupIssue();
     Q_INVOKABLE void dismissError();
     Q_INVOKABLE void dismissMissingFile();
 
@@ -112,6 +117,7 @@ signals:
     void justAddedChanged();
     void missingFileChanged();
     void setupIssueChanged();
+    void controllerNoticeChanged(); ///< and `pendingLaunch`
     void launchingChanged();
     void setAsideChanged();
     void gameStarted(const QString &id, const StartedGame &program);
@@ -141,8 +147,10 @@ private:
 
     void addFound(const ScanFindings &findings);
 
-    void begin(const QString &id, bool resume);
-    void fail(const QString &id, const Message &why);
+    enum class Asking { no, yes };
+    void begin(const QString &id, bool resume, Asking asking);
+    void wait(const QString &id, bool resume, const QString &emulatorID);
+    void fail(const QString &id, const LaunchRefusal &why);
     void programStarted(const GameLaunch::Order &order, const StartedGame &program);
     void programEnded(qint64 pid, ProgramEnd end);
     void countPlayTime(const QList<PlayedStretch> &stretches, const QDateTime &moment);
@@ -155,6 +163,7 @@ private:
     Tasks &m_tasks;
     LibraryDisk m_disk;
     FolderScan m_scan;
+    GameLauncher &m_launcher;
     GameLaunch m_launch;
     SessionClock m_sessions;
     QHash<qint64, RunningProgram> m_programs;
@@ -169,6 +178,7 @@ private:
     std::optional<Message> m_scanReport;
     bool m_scanTrouble = false;
     QString m_pendingLaunch;
+    bool m_pendingResume = false; ///< from its save state
     QString m_justAdded;
     QString m_missingFile;
     std::optional<ControllerNotice> m_controllerNotice;

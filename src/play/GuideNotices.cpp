@@ -37,5 +37,5 @@ void GuideNotices::hide()
 
 void GuideNotices::hide(int hudToken)
 {
-    if (hudToken == m_hudToken) hide();
+    if (shows(hudToken)) hide();
 }

@@ -13,6 +13,7 @@ public:
     explicit GuideNotices(Clock &clock, QObject *parent = nullptr) : QObject(parent), m_clock(clock) { }
 
     const std::optional<GuideHUD> &hud() const { return m_hud; }
+    bool shows(int hudToken) const { return m_hud && hudToken == m_hudToken; } ///< that showing is still there
     Message text() const; ///< of the notice, as it reads now; empty without one
 
     /// Answers the number of this showing. It goes after `time`; without one it stays until it is hidden.

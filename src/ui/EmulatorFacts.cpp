@@ -1,20 +1,31 @@
 #include "ui/EmulatorFacts.h"
 
 #include "app/Translator.h"
+#include "catalog/Console.h"
 #include "emulators/ControllerClass.h"
 #include "emulators/ControllerGuide.h"
+#include "emulators/EmulatorChanges.h"
 #include "emulators/EmulatorOpener.h"
 #include "emulators/InstalledEmulators.h"
 #include "platform/Preferences.h"
 #include "ui/CopyText.h"
 
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 EmulatorFacts::EmulatorFacts(const InstalledEmulators &emulators, Preferences &preferences, EmulatorOpener &opener,
-                             const Translator &translator, const Places &places, QObject *parent)
-    : QObject(parent), m_emulators(emulators), m_preferences(preferences), m_opener(opener), m_translator(translator),
-      m_places(places)
+                             EmulatorChanges &changes, const Translator &translator, const Places &places,
+                             QObject *parent)
+    : QObject(parent), m_emulators(emulators), m_preferences(preferences), m_opener(opener), m_changes(changes),
+      m_translator(translator), m_places(places)
 {
+    connect(&changes, &EmulatorChanges::changed, this, &EmulatorFacts::changed);
+    connect(&changes, &EmulatorChanges::putBackFinished, this, [this](const QString &id, const PutBackReport &report) {
+        if (id != m_id) return;
+        m_putBack = m_translator.message(sentence(report, name()));
+        emit changed();
+    });
     connect(&emulators, &InstalledEmulators::changed, this, &EmulatorFacts::changed);
     connect(&opener, &EmulatorOpener::changed, this, &EmulatorFacts::changed);
     connect(&preferences, &Preferences::changed, this, [this](const QString &key) {
@@ -27,6 +38,7 @@ void EmulatorFacts::setEmulatorID(const QString &id)
     if (id == m_id) return;
     m_id = id;
     m_problem.clear();
+    m_putBack.clear();
     emit changed();
 }
 
@@ -106,6 +118,51 @@ QVariantList EmulatorFacts::copies() const
 QString EmulatorFacts::problem() const
 {
     return m_problem;
+}
+
+QString EmulatorFacts::systemFilesConsole() const
+{
+    QStringList ids;
+    for (const Console &console : consoles(m_places.host)) {
+        if (console.bios && console.emulators.value(0) == m_id) ids += console.id;
+    }
+    return ids.size() == 1 ? ids.first() : QString();
+}
+
+static QString shownValue(const EmulatorChange &change)
+{
+    return change.old.isEmpty() ? u"–"_s : change.old.first();
+}
+
+QVariantList EmulatorFacts::edits() const
+{
+    QVariantList list;
+    if (m_id.isEmpty()) return list;
+    for (const EmulatorChange &change : m_changes.of(m_id)) {
+        const QStringList place = QStringList{QFileInfo(change.file).fileName()} + change.section;
+        list += QVariantMap{{u"key"_s, change.key},
+                            {u"value"_s, change.written},
+                            {u"old"_s, shownValue(change)},
+                            {u"place"_s, place.join(u" › "_s)}};
+    }
+    return list;
+}
+
+bool EmulatorFacts::puttingBack() const
+{
+    return m_changes.isWaiting(m_id);
+}
+
+QString EmulatorFacts::putBackText() const
+{
+    return puttingBack() ? m_translator.fill(u"It is put back as soon as %@ has ended."_s, {name()}) : m_putBack;
+}
+
+void EmulatorFacts::putBack()
+{
+    if (puttingBack()) return m_changes.cancelPutBack(m_id);
+    m_putBack.clear();
+    m_changes.putBack(m_id);
 }
 
 void EmulatorFacts::openAlone()

@@ -7,6 +7,7 @@
 #include <QVariantList>
 #include <qqmlregistration.h>
 
+class EmulatorChanges;
 class EmulatorOpener;
 class InstalledEmulators;
 class Preferences;
@@ -30,9 +31,14 @@ class EmulatorFacts : public QObject {
     Q_PROPERTY(bool open READ open NOTIFY changed)
     Q_PROPERTY(QVariantList copies READ copies NOTIFY changed)
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
+    Q_PROPERTY(QString systemFilesConsole READ systemFilesConsole NOTIFY changed)
+    Q_PROPERTY(QVariantList edits READ edits NOTIFY changed)
+    Q_PROPERTY(bool puttingBack READ puttingBack NOTIFY changed)
+    Q_PROPERTY(QString putBackText READ putBackText NOTIFY changed)
 public:
     EmulatorFacts(const InstalledEmulators &emulators, Preferences &preferences, EmulatorOpener &opener,
-                  const Translator &translator, const Places &places, QObject *parent = nullptr);
+                  EmulatorChanges &changes, const Translator &translator, const Places &places,
+                  QObject *parent = nullptr);
 
     QString emulatorID() const { return m_id; } ///< "nxnative" and "native": a game that is itself a program
     void setEmulatorID(const QString &id);
@@ -49,8 +55,13 @@ public:
     bool open() const; ///< it runs on its own, opened from here
     QVariantList copies() const; ///< text, path, shown path and chosen, of each copy on this machine
     QString problem() const; ///< why it could not be opened
+    QString systemFilesConsole() const; ///< the console whose page takes its system files; empty: none, or several
+    QVariantList edits() const; ///< what Velko changed in its files: key, value, old value and place of each
+    bool puttingBack() const; ///< as soon as it has ended
+    QString putBackText() const; ///< what came of it, or what it waits for
 
     Q_INVOKABLE void openAlone();
+    Q_INVOKABLE void putBack(); ///< everything; the second call takes it back while it waits
     Q_INVOKABLE void choose(const QString &path); ///< the copy that is to be used from now on
 
 signals:
@@ -62,8 +73,10 @@ private:
     const InstalledEmulators &m_emulators;
     Preferences &m_preferences;
     EmulatorOpener &m_opener;
+    EmulatorChanges &m_changes;
     const Translator &m_translator;
     const Places m_places;
     QString m_id;
     QString m_problem;
+    QString m_putBack; ///< what came of it
 };

@@ -54,8 +54,24 @@ QVariantList FolderList::places() const
 QString FolderList::emptyText() const
 {
     if (m_loading || !m_names.isEmpty()) return {};
-    return m_translator.translate(m_readable ? u"No folders in here. You can add this one."_s
-                                             : u"This folder can't be read. Choose another one."_s);
+    if (!m_readable) return m_translator.translate(u"This folder can't be read. Choose another one."_s);
+    return m_translator.translate(m_withFiles ? u"Nothing in here."_s : u"No folders in here. You can add this one."_s);
+}
+
+void FolderList::begin(bool withFiles)
+{
+    m_withFiles = withFiles;
+    m_marked.clear();
+    emit markedChanged();
+    open(withFiles ? m_lastOfFiles : QString());
+}
+
+void FolderList::toggle(const QString &file)
+{
+    if (!m_marked.removeOne(file)) m_marked += file;
+    m_lastOfFiles = m_folder;
+    emit markedChanged();
+    if (rowCount() > 0) emit dataChanged(index(0), index(rowCount() - 1), {Marked});
 }
 
 void FolderList::open(const QString &folder)
@@ -66,7 +82,8 @@ void FolderList::open(const QString &folder)
     show({});
     emit folderChanged();
     m_tasks.run(
-        this, [folder = m_folder, places = m_places] { return read(folder, places); },
+        this,
+        [folder = m_folder, withFiles = m_withFiles, places = m_places] { return read(folder, withFiles, places); },
         [this, token = ++m_token](const Listing &listing) {
             if (token != m_token) return;
             m_loading = false;
@@ -77,22 +94,25 @@ void FolderList::open(const QString &folder)
         });
 }
 
-FolderList::Listing FolderList::read(const QString &folder, const Places &places)
+FolderList::Listing FolderList::read(const QString &folder, bool withFiles, const Places &places)
 {
     const QDir directory(folder);
-    Listing listing{directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot), directory.isReadable(),
+    Listing listing{directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+                    withFiles ? directory.entryList(QDir::Files) : QStringList(), directory.isReadable(),
                     folderPlaces(places)};
     QCollator order(QLocale(QLocale::English)); // the plain "C" locale cannot count
     order.setNumericMode(true);
     order.setCaseSensitivity(Qt::CaseInsensitive);
-    std::sort(listing.names.begin(), listing.names.end(), order);
+    std::sort(listing.folders.begin(), listing.folders.end(), order);
+    std::sort(listing.files.begin(), listing.files.end(), order);
     return listing;
 }
 
 void FolderList::show(const Listing &listing)
 {
     beginResetModel();
-    m_names = listing.names;
+    m_names = listing.folders + listing.files;
+    m_folderCount = int(listing.folders.size());
     m_readable = listing.readable;
     endResetModel();
     emit loadingChanged();
@@ -112,13 +132,25 @@ int FolderList::rowCount(const QModelIndex &parent) const
 QVariant FolderList::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid()) return {};
-    const QString &name = m_names[index.row()];
-    if (role == Name) return name;
-    if (role == Path) return m_folder.endsWith(u'/') ? m_folder + name : m_folder + u'/' + name;
+    switch (role) {
+    case Name:
+        return m_names[index.row()];
+    case Path:
+        return pathOf(index.row());
+    case IsFile:
+        return index.row() >= m_folderCount;
+    case Marked:
+        return m_marked.contains(pathOf(index.row()));
+    }
     return {};
+}
+
+QString FolderList::pathOf(int row) const
+{
+    return m_folder.endsWith(u'/') ? m_folder + m_names[row] : m_folder + u'/' + m_names[row];
 }
 
 QHash<int, QByteArray> FolderList::roleNames() const
 {
-    return {{Name, "name"}, {Path, "path"}};
+    return {{Name, "name"}, {Path, "path"}, {IsFile, "file"}, {Marked, "chosen"}};
 }

@@ -15,10 +15,6 @@ LibraryAlerts::LibraryAlerts(LibraryStore &library, const Translator &translator
     connect(&library, &LibraryStore::setAsideChanged, this, &LibraryAlerts::setAsideChanged);
     connect(&library, &LibraryStore::libraryReplaced, this, &LibraryAlerts::setAsideChanged);
     connect(&library, &LibraryStore::lastErrorChanged, this, &LibraryAlerts::errorChanged);
-    connect(&library, &LibraryStore::setupIssueChanged, this, [this] {
-        m_setupRead = false;
-        emit errorChanged();
-    });
     connect(&library, &LibraryStore::missingFileChanged, this, &LibraryAlerts::missingChanged);
     connect(&library, &LibraryStore::scanningChanged, this, &LibraryAlerts::scanChanged);
     connect(&library, &LibraryStore::scanReportChanged, this, [this] {
@@ -49,12 +45,6 @@ QString LibraryAlerts::restoreText() const
 QString LibraryAlerts::errorText() const
 {
     return m_library.lastError() ? m_translator.message(*m_library.lastError()) : QString();
-}
-
-QString LibraryAlerts::setupText() const
-{
-    const auto issue = m_library.setupIssue();
-    return issue && !m_setupRead ? m_translator.message(issue->message) : QString();
 }
 
 QString LibraryAlerts::missingText() const
@@ -95,9 +85,7 @@ void LibraryAlerts::keepGoing()
 
 void LibraryAlerts::dismissError()
 {
-    m_setupRead = true;
     m_library.dismissError();
-    emit errorChanged();
 }
 
 void LibraryAlerts::dismissReport()

@@ -16,7 +16,6 @@ class LibraryAlerts : public QObject {
     Q_PROPERTY(QString setAsideText READ setAsideText NOTIFY setAsideChanged)
     Q_PROPERTY(QString restoreText READ restoreText NOTIFY setAsideChanged)
     Q_PROPERTY(QString errorText READ errorText NOTIFY errorChanged)
-    Q_PROPERTY(QString setupText READ setupText NOTIFY errorChanged)
     Q_PROPERTY(QString missingText READ missingText NOTIFY missingChanged)
     Q_PROPERTY(QString scanText READ scanText NOTIFY scanChanged)
     Q_PROPERTY(QString reportText READ reportText NOTIFY scanChanged)
@@ -26,7 +25,6 @@ public:
     QString setAsideText() const; ///< the library file could not be read; where it lies now
     QString restoreText() const; ///< the button that takes the newest good copy; empty: there is none
     QString errorText() const; ///< of the library's last error
-    QString setupText() const; ///< an emulator must be set up first
     QString missingText() const;
     QString scanText() const; ///< while a scan is under way
     QString reportText() const; ///< after it
@@ -34,7 +32,7 @@ public:
     /// Folders are remembered and looked through, files are added. False: none of it lies on this computer.
     Q_INVOKABLE bool addDropped(const QList<QUrl> &addresses);
     Q_INVOKABLE void keepGoing(); ///< the card about the unreadable file was read
-    Q_INVOKABLE void dismissError(); ///< also the emulator's
+    Q_INVOKABLE void dismissError();
     Q_INVOKABLE void dismissReport();
     Q_INVOKABLE void removeMissing(); ///< the game whose file is gone leaves the library
 
@@ -48,6 +46,5 @@ private:
     LibraryStore &m_library;
     const Translator &m_translator;
     bool m_setAsideRead = false;
-    bool m_setupRead = false;
     bool m_reportRead = false;
 };

@@ -7,6 +7,7 @@
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
 #include "ui/BackdropImageProvider.h"
+#include "ui/BiosFacts.h"
 #include "ui/CoverImageProvider.h"
 #include "ui/EmulatorFacts.h"
 #include "ui/FocusKeeper.h"
@@ -17,6 +18,7 @@
 #include "ui/HomeFacts.h"
 #include "ui/IconImageProvider.h"
 #include "ui/InputMode.h"
+#include "ui/LaunchQuestions.h"
 #include "ui/LibraryAlerts.h"
 #include "ui/Notices.h"
 #include "ui/PadNavigation.h"
@@ -47,8 +49,10 @@ struct VelkoWindow::Content {
         : parts(given), sources{given.library, given.emulators, given.preferences, given.translator,
                                 given.clock,   given.tasks,     given.workspace,   given.places.host},
           opener(given.places, given.workspace), home(sources), openGame(sources),
-          gameEmulator(given.emulators, given.preferences, opener, given.translator, given.places),
-          shownEmulator(given.emulators, given.preferences, opener, given.translator, given.places),
+          gameEmulator(given.emulators, given.preferences, opener, given.changes, given.translator, given.places),
+          shownEmulator(given.emulators, given.preferences, opener, given.changes, given.translator, given.places),
+          bios(given.bios, given.emulators, given.translator, given.places),
+          questions(given.library, given.emulators, given.preferences, given.translator, given.places.host),
           alerts(given.library, given.translator), notices(given.clock),
           profile(given.library, given.translator, given.clock),
           gallery(given.screenshots, given.workspace, given.places, localeOf(given.translator)),
@@ -63,6 +67,8 @@ struct VelkoWindow::Content {
     GameFacts openGame; ///< the game whose page is open
     EmulatorFacts gameEmulator; ///< the one that plays that game
     EmulatorFacts shownEmulator; ///< the one whose sheet is open
+    BiosFacts bios; ///< of the console whose page is open
+    LaunchQuestions questions;
     LibraryAlerts alerts;
     Notices notices;
     ProfileFacts profile;
@@ -139,6 +145,8 @@ bool VelkoWindow::load()
                                {u"openGame"_s, QVariant::fromValue(&content.openGame)},
                                {u"gameEmulator"_s, QVariant::fromValue(&content.gameEmulator)},
                                {u"shownEmulator"_s, QVariant::fromValue(&content.shownEmulator)},
+                               {u"bios"_s, QVariant::fromValue(&content.bios)},
+                               {u"questions"_s, QVariant::fromValue(&content.questions)},
                                {u"alerts"_s, QVariant::fromValue(&content.alerts)},
                                {u"notices"_s, QVariant::fromValue(&content.notices)},
                                {u"profile"_s, QVariant::fromValue(&content.profile)},

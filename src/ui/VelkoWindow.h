@@ -3,8 +3,10 @@
 #include <memory>
 
 class AppState;
+class BiosFiles;
 class Clock;
 class ControllerInput;
+class EmulatorChanges;
 class FramePatches;
 class InstalledEmulators;
 class LibraryStore;
@@ -22,6 +24,8 @@ struct WindowParts {
     LibraryStore &library;
     ScreenshotStore &screenshots;
     InstalledEmulators &emulators;
+    BiosFiles &bios;
+    EmulatorChanges &changes;
     Preferences &preferences;
     Translator &translator;
     Clock &clock;

@@ -33,9 +33,12 @@ protected:
     void launch(const QString &console, const QString &path)
     {
         launcher->launch({u"Game"_s, path, console, settings, statePath},
-                         [this](const Result<StartedGame> &answer) { answers += answer; });
+                         [this](const LaunchResult &answer) { answers += answer; });
     }
-    QString failure() const { return answers.size() == 1 && !answers[0] ? english(answers[0].failure()) : QString(); }
+    QString failure() const
+    {
+        return answers.size() == 1 && !answers[0] ? english(answers[0].failure().message) : QString();
+    }
     StartRequest lastStart() const { return workspace.started.value(workspace.lastPid); }
 
     const TemporaryHome home;
@@ -49,7 +52,7 @@ protected:
     Session session;
     GameSettings settings;
     std::optional<QString> statePath;
-    QList<Result<StartedGame>> answers;
+    QList<LaunchResult> answers;
     InstalledEmulators installed{places, workspace, index, preferences, tasks};
     EmulatorChanges changes{places, clock, tasks, processes};
     std::unique_ptr<EmulatorLauncher> launcher = std::make_unique<EmulatorLauncher>(
@@ -164,7 +167,8 @@ TEST_F(Launcher, writesRetroArchsSettingsBeforeItStarts)
 
     launch(u"snes"_s, home.write(u"game.sfc"_s));
     tasks.finish();
-    EXPECT_TRUE(english(answers.last().failure()).startsWith(u"RetroArch has no core for Super Nintendo yet."_s));
+    EXPECT_TRUE(
+        english(answers.last().failure().message).startsWith(u"RetroArch has no core for Super Nintendo yet."_s));
 }
 
 TEST_F(Launcher, startsNativeGamesThemselves)
@@ -180,7 +184,7 @@ TEST_F(Launcher, startsNativeGamesThemselves)
     EXPECT_EQ(lastStart().environment.value(u"MANGOHUD"_s), u"1"_s);
     launch(u"native"_s, home.write(u"Games/readme.txt"_s));
     tasks.finish();
-    EXPECT_TRUE(english(answers.last().failure()).contains(u"isn't allowed to run yet"_s));
+    EXPECT_TRUE(english(answers.last().failure().message).contains(u"isn't allowed to run yet"_s));
 }
 
 TEST_F(Launcher, endsARunningCemuFirst)
@@ -212,7 +216,7 @@ TEST_F(Launcher, endsARunningCemuFirst)
     tasks.finish();
     clock.advance(1min);
     EXPECT_EQ(workspace.started.size(), 2);
-    EXPECT_EQ(english(answers.last().failure()),
+    EXPECT_EQ(english(answers.last().failure().message),
               u"Cemu is still running and doesn't close. Quit it, then play again."_s);
     EXPECT_EQ(answers.size(), 3);
     EXPECT_EQ(clock.pending(), 0);
@@ -288,4 +292,46 @@ TEST_F(Launcher, nothingStartsOnceItIsGone)
     clock.advance(1min);
     EXPECT_TRUE(workspace.started.isEmpty());
     EXPECT_TRUE(answers.isEmpty());
+}
+
+TEST_F(Launcher, namesTheEmulatorThatMustBeSetUpFirst)
+{
+    program(u"bin/xemu"_s);
+    installed.refresh();
+    tasks.finish();
+    launch(u"xbox"_s, home.write(u"game.iso"_s));
+    tasks.finish();
+    launch(u"dc"_s, home.write(u"game.gdi"_s));
+    tasks.finish();
+    launch(u"dc"_s, home.path() + u"/gone.gdi"_s);
+    tasks.finish();
+    QStringList ids;
+    for (const LaunchResult &answer : std::as_const(answers))
+        ids += answer ? u"started"_s : answer.failure().emulatorToSetUp;
+    EXPECT_EQ(ids, (QStringList{u"xemu"_s, u"flycast"_s, QString()}));
+}
+
+TEST_F(Launcher, asksForTheControllerUntilItIsSettled)
+{
+    for (const QString &name : {u"bin/dolphin-emu"_s, u"bin/mgba-qt"_s})
+        program(name);
+    const auto asks = [this](const QString &console, const QString &path = u"/game"_s) {
+        return launcher->controllerToSetUp({u"Game"_s, path, console, {}, {}});
+    };
+    session.controllers = {u"Xbox Series X Controller"_s};
+    EXPECT_EQ(asks(u"gc"_s), QString()) << "nobody has looked yet";
+    installed.refresh();
+    tasks.finish();
+    EXPECT_EQ(asks(u"gc"_s), u"dolphin"_s);
+    EXPECT_EQ(asks(u"gba"_s), QString()) << "takes it by itself";
+    EXPECT_EQ(asks(u"gc"_s, u"/game.AppImage"_s), QString()) << "no emulator plays it";
+    EXPECT_EQ(asks(u"ps3"_s), QString()) << "no emulator is installed";
+    session.controllers.clear();
+    EXPECT_EQ(asks(u"gc"_s), QString()) << "played by keyboard";
+    session.controllers = {u"Pad"_s};
+    preferences.set(preference::hideControllerNotice(u"dolphin"_s), true);
+    EXPECT_EQ(asks(u"gc"_s), QString());
+    preferences.set(preference::hideControllerNotice(u"dolphin"_s), false);
+    preferences.set(preference::controllerConfigured(u"dolphin"_s), true);
+    EXPECT_EQ(asks(u"gc"_s), QString());
 }

@@ -7,12 +7,14 @@
 /// Launches that wait for a test to say how they went.
 struct FakeGameLauncher final : GameLauncher {
     QList<LaunchRequest> requests;
-    QList<std::function<void(Result<StartedGame>)>> waiting;
+    QList<std::function<void(LaunchResult)>> waiting;
+    QString toSetUp; ///< what `controllerToSetUp` answers
 
-    void launch(const LaunchRequest &request, std::function<void(Result<StartedGame>)> done) override
+    void launch(const LaunchRequest &request, std::function<void(LaunchResult)> done) override
     {
         requests += request;
         waiting += std::move(done);
     }
-    void answer(const Result<StartedGame> &result) { waiting.takeFirst()(result); }
+    QString controllerToSetUp(const LaunchRequest &) const override { return toSetUp; }
+    void answer(const LaunchResult &result) { waiting.takeFirst()(result); }
 };

@@ -18,8 +18,9 @@ struct Launch : testing::Test {
     {
         LibraryStore &store = house.open();
         store.add({game});
-        QObject::connect(&store, &LibraryStore::gameStarted, &store,
-                         [this](const QString &, const StartedGame &program) { told += u"started %1"_s.arg(program.pid); });
+        QObject::connect(
+            &store, &LibraryStore::gameStarted, &store,
+            [this](const QString &, const StartedGame &program) { told += u"started %1"_s.arg(program.pid); });
         QObject::connect(&store, &LibraryStore::gameEnded, &store,
                          [this](const QString &, double seconds) { told += u"ended after %1"_s.arg(seconds); });
         QObject::connect(&store, &LibraryStore::launchFailed, &store,
@@ -276,4 +277,42 @@ TEST(EarlyEnd, quotesOnlyTheLastLines)
     EXPECT_EQ(lastWords(home.write(u"few"_s, "1\n2\r\n\n3\n4\x07\n5 \n6")), u"2\n3\n4\n5\n6"_s);
     EXPECT_EQ(lastWords(home.write(u"long"_s, QByteArray(100000, 'x') + "\nend")).size(), 600);
     EXPECT_EQ(lastWords(home.write(u"noText"_s, QByteArray("a\0\xFF\x1B", 4))), u"a\uFFFD"_s);
+}
+
+TEST_F(Launch, waitsUntilTheUserHasReadTheControllerNotice)
+{
+    LibraryStore &store = open();
+    house.launcher.toSetUp = u"dolphin"_s;
+    store.resume(game.id);
+    EXPECT_EQ(store.controllerNotice(), (ControllerNotice{game.id, u"dolphin"_s}));
+    EXPECT_EQ(store.pendingLaunch(), game.id);
+    EXPECT_FALSE(store.launching());
+    store.dismissControllerNotice();
+    store.goOn();
+    EXPECT_TRUE(house.launcher.requests.isEmpty());
+    store.resume(game.id);
+    store.goOn();
+    EXPECT_FALSE(store.controllerNotice());
+    EXPECT_EQ(store.pendingLaunch(), QString());
+    ASSERT_EQ(house.launcher.requests.size(), 1);
+    EXPECT_EQ(house.launcher.requests[0].statePath, game.statePath) << "still from its save state";
+    store.cancelLaunch();
+    store.launchWithoutAsking(game.id);
+    EXPECT_EQ(house.launcher.requests.size(), 2);
+    store.cancelLaunch();
+    store.launch(game.id);
+    store.remove(game.id);
+    EXPECT_FALSE(store.controllerNotice());
+}
+
+TEST_F(Launch, tellsWhichEmulatorMustBeSetUp)
+{
+    LibraryStore &store = open();
+    store.launch(game.id);
+    house.launcher.answer(LaunchRefusal({u"xemu isn't set up yet."_s, {}}, u"xemu"_s));
+    EXPECT_EQ(store.setupIssue(), (SetupIssue{u"xemu"_s, {u"xemu isn't set up yet."_s, {}}}));
+    EXPECT_FALSE(store.lastError());
+    EXPECT_EQ(told, QStringList{u"failed: xemu isn't set up yet."_s});
+    store.dismissSetupIssue();
+    EXPECT_FALSE(store.setupIssue());
 }

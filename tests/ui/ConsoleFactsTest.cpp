@@ -23,22 +23,16 @@ TEST(ConsoleFacts, tellWhatTheCatalogKnows)
     EXPECT_EQ(house.facts.year(), u"2000"_s);
     EXPECT_EQ(house.facts.gamesTitle(), u"Your PlayStation 2 games"_s);
     EXPECT_EQ(house.facts.extensions(), u"iso, chd, cso, bin, gz"_s);
-    EXPECT_EQ(house.facts.biosLabel(), u"PS2 BIOS"_s);
-    EXPECT_EQ(house.facts.biosNeed(), u"Required"_s);
-    EXPECT_EQ(house.facts.biosPlace(), u"Put it in ~/.config/PCSX2/bios"_s);
 
     EXPECT_EQ(house.facts.gamesText(), u"0 games"_s);
     house.add(u"One"_s, u"ps2"_s);
     house.add(u"Other"_s, u"gb"_s);
     EXPECT_EQ(house.facts.gamesText(), u"1 game"_s);
 
-    house.facts.setConsoleID(u"dc"_s);
-    EXPECT_EQ(house.facts.biosNeed(), u"Optional"_s);
     house.facts.setConsoleID(u"cdi"_s);
     EXPECT_FALSE(house.facts.takesGames());
     EXPECT_FALSE(house.facts.hasEmulators());
     EXPECT_EQ(house.facts.note(), u"No simple CD-i emulator yet."_s);
-    EXPECT_EQ(house.facts.biosLabel(), QString());
     house.facts.setConsoleID(u"nonsense"_s);
     EXPECT_EQ(house.facts.name(), QString());
 }

@@ -1,5 +1,6 @@
 #include "ui/EmulatorFacts.h"
 
+#include "emulators/EmulatorChanges.h"
 #include "emulators/EmulatorOpener.h"
 #include "ui/ListHouse.h"
 
@@ -10,7 +11,8 @@ using namespace Qt::StringLiterals;
 namespace {
 struct PanelHouse : ListHouse {
     EmulatorOpener opener{places, workspace};
-    EmulatorFacts facts{emulators, preferences, opener, translator, places};
+    EmulatorChanges changes{places, clock, tasks, processes};
+    EmulatorFacts facts{emulators, preferences, opener, changes, translator, places};
 
     QString install(const QString &file)
     {
@@ -88,4 +90,32 @@ TEST(EmulatorFacts, useTheCopyThatTheUserChose)
         EXPECT_EQ(house.emulators.forConsole(u"ps2"_s)->path, path);
         EXPECT_EQ(house.facts.copies().first().toMap()[u"path"_s], first) << "the list stands still";
     }
+}
+
+TEST(EmulatorFacts, listWhatWasChangedAndPutItBack)
+{
+    PanelHouse house;
+    const QString file = house.home.write(u".config/PCSX2/inis/PCSX2.ini"_s, "[EmuCore/GS]\nupscale_multiplier = 4\n");
+    JournalUpdate update;
+    EmulatorChange change;
+    change.emulatorID = u"pcsx2"_s;
+    change.file = file;
+    change.section = {u"EmuCore/GS"_s};
+    change.key = u"upscale_multiplier"_s;
+    change.old = {u"1"_s};
+    change.written = u"4"_s;
+    update.changed = {change};
+    house.changes.record(update);
+    house.facts.setEmulatorID(u"mgba"_s);
+    EXPECT_TRUE(house.facts.edits().isEmpty());
+    house.facts.setEmulatorID(u"pcsx2"_s);
+    ASSERT_EQ(house.facts.edits().size(), 1);
+    const QVariantMap row = house.facts.edits().first().toMap();
+    EXPECT_EQ(row[u"old"_s].toString() + u" "_s + row[u"value"_s].toString(), u"1 4"_s);
+    EXPECT_EQ(row[u"place"_s], u"PCSX2.ini › EmuCore/GS"_s);
+    house.facts.putBack();
+    house.tasks.finish();
+    EXPECT_TRUE(house.facts.edits().isEmpty());
+    EXPECT_EQ(house.facts.putBackText(), u"PCSX2 has your own settings again (1 put back)."_s);
+    EXPECT_EQ(house.home.read(u".config/PCSX2/inis/PCSX2.ini"_s), "[EmuCore/GS]\nupscale_multiplier = 1\n");
 }

@@ -27,6 +27,31 @@ TEST(FolderList, listsFoldersAsPeopleCountAndNoFiles)
     EXPECT_EQ(house.list.startRow(), 1);
 }
 
+TEST(FolderList, listsFilesBehindFoldersAndMarksThem)
+{
+    FolderHouse house;
+    for (const QString &name : {u"bios/b.bin"_s, u"bios/a.bin"_s, u"bios/z/x"_s})
+        house.home.write(name);
+    const QString folder = house.home.path() + u"/bios/"_s;
+    house.list.begin(true);
+    EXPECT_EQ(house.list.folder(), house.places.home);
+    house.list.open(folder);
+    EXPECT_EQ(column(house.list, FolderList::Name), (QStringList{u"z"_s, u"a.bin"_s, u"b.bin"_s}));
+    EXPECT_EQ(column(house.list, FolderList::IsFile), (QStringList{u"false"_s, u"true"_s, u"true"_s}));
+    house.list.toggle(folder + u"b.bin"_s);
+    house.list.toggle(folder + u"a.bin"_s);
+    EXPECT_EQ(house.list.marked(), (QStringList{folder + u"b.bin"_s, folder + u"a.bin"_s}));
+    EXPECT_EQ(column(house.list, FolderList::Marked), (QStringList{u"false"_s, u"true"_s, u"true"_s}));
+    house.list.toggle(folder + u"b.bin"_s);
+    house.list.open(folder + u"z"_s);
+    EXPECT_EQ(house.list.marked(), QStringList{folder + u"a.bin"_s}) << "marks stay while looking around";
+    house.list.begin(true);
+    EXPECT_EQ(house.list.marked(), QStringList());
+    EXPECT_EQ(house.list.folder() + u'/', folder) << "where files were chosen last";
+    house.list.begin(false);
+    EXPECT_EQ(house.list.folder(), house.places.home);
+}
+
 TEST(FolderList, beginsAtHomeAndEndsAtTheTop)
 {
     FolderHouse house;

@@ -1,6 +1,8 @@
 #include "ui/WindowHouse.h"
 
 #include <QAccessible>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
 
@@ -139,4 +141,73 @@ TEST(VelkoWindow, drawsNothingWhileNothingHappens)
     EXPECT_EQ(frames, 0);
     house.press(Qt::Key_Right);
     EXPECT_TRUE(QTest::qWaitFor([&frames] { return frames > 0; }));
+}
+
+static QQuickItem *itemNamed(QQuickItem *item, const QString &name)
+{
+    if (item->isVisible() && item->property("name").toString() == name) return item;
+    for (QQuickItem *child : item->childItems()) {
+        if (QQuickItem *found = itemNamed(child, name)) return found;
+    }
+    return nullptr;
+}
+
+static void dropOnto(QQuickWindow *window, QPoint place, const QString &file)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    const QPoint edge(4, window->height() / 2);
+    QDragEnterEvent enter(edge, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &enter);
+    QDragMoveEvent move(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &move);
+    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &drop);
+}
+
+TEST(VelkoWindow, systemFilesAreDroppedOnTheirCardAndGamesBesideIt)
+{
+    WindowHouse house(4);
+    house.tasks.immediate = true;
+    house.state.setTab(AppTab::consoles);
+    house.state.setProperty("selectedConsole", u"lynx"_s);
+    ASSERT_TRUE(house.show({1920, 1080}));
+    const QString file = house.home.write(u"Downloads/lynxboot.img"_s, QByteArray(512, 'x'));
+    QQuickItem *slot = itemNamed(house.window()->contentItem(), u"Choose the files"_s);
+    ASSERT_TRUE(slot);
+    dropOnto(house.window(), slot->mapToScene({20, 20}).toPoint(), file);
+    EXPECT_EQ(house.bios.reports(u"lynx"_s).size(), 1);
+    EXPECT_EQ(house.store->count(), 4);
+    dropOnto(house.window(), {300, 900}, house.home.write(u"Downloads/Game.lnx"_s));
+    EXPECT_EQ(house.store->count(), 5);
+    EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
+}
+
+TEST(VelkoWindow, asksAboutTheControllerBeforeTheGameStarts)
+{
+    WindowHouse house(4);
+    ASSERT_TRUE(house.show());
+    const QString file = house.home.write(u"game.gba"_s);
+    GameEntry game = house.game(u"Real"_s, u"gba"_s);
+    game.path = file;
+    house.store->add({game});
+    house.launcher.toSetUp = u"dolphin"_s;
+    house.store->launch(game.id);
+    house.settled();
+    EXPECT_EQ(house.control()->property("text").toString(), u"Show the steps"_s);
+    house.press(Qt::Key_Right);
+    house.press(Qt::Key_Right);
+    house.press(Qt::Key_Return); // and don't ask again
+    EXPECT_EQ(house.launcher.requests.size(), 1);
+    EXPECT_TRUE(house.preferences.get(preference::hideControllerNotice(u"dolphin"_s)));
+    house.store->cancelLaunch();
+    house.store->launch(game.id);
+    house.settled();
+    house.press(Qt::Key_Return); // the steps
+    EXPECT_EQ(house.launcher.requests.size(), 1);
+    ASSERT_TRUE(house.control());
+    EXPECT_EQ(house.control()->property("text").toString(), u"Dolphin isn't installed"_s);
+    house.press(Qt::Key_Escape);
+    EXPECT_TRUE(house.control());
+    EXPECT_EQ(warnings.join(u'\n').toStdString(), "");
 }

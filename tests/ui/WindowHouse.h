@@ -1,5 +1,7 @@
 #pragma once
 
+#include "emulators/BiosFiles.h"
+#include "emulators/EmulatorChanges.h"
 #include "fakes/FakeGamepads.h"
 #include "fakes/FakeTrash.h"
 #include "platform/linux/LinuxServices.h"
@@ -22,6 +24,8 @@ inline void keepWarning(QtMsgType type, const QMessageLogContext &, const QStrin
 /// The real window, offscreen, with a few games. Pictures are made in the background, as always.
 struct WindowHouse : ListHouse {
     std::unique_ptr<Tasks> background = makeTasks();
+    BiosFiles bios{places, emulators, preferences, workspace, tasks};
+    EmulatorChanges changes{places, clock, tasks, processes};
     FakeTrash trash;
     ScreenshotStore screenshots{places, *background, trash, *store};
     FakeGamepads pads;
@@ -42,8 +46,8 @@ struct WindowHouse : ListHouse {
         emulators.refresh();
         controller.isActive = [] { return true; };
         velko =
-            std::make_unique<VelkoWindow>(WindowParts{state, *store, screenshots, emulators, preferences, translator,
-                                                      clock, *background, workspace, places, controller});
+            std::make_unique<VelkoWindow>(WindowParts{state, *store, screenshots, emulators, bios, changes, preferences,
+                                                      translator, clock, *background, workspace, places, controller});
     }
     ~WindowHouse()
     {

@@ -1,6 +1,8 @@
 #include "app/AppState.h"
 #include "app/Translator.h"
 #include "catalog/EmulatorDef.h"
+#include "emulators/BiosFiles.h"
+#include "emulators/EmulatorChanges.h"
 #include "emulators/InstalledEmulators.h"
 #include "library/LibraryFile.h"
 #include "library/LibraryStore.h"
@@ -37,7 +39,7 @@ class DemoLauncher final : public GameLauncher {
 public:
     DemoLauncher(Clock &clock, FakeWorkspace &workspace) : m_clock(clock), m_workspace(workspace) { }
 
-    void launch(const LaunchRequest &request, std::function<void(Result<StartedGame>)> done) override
+    void launch(const LaunchRequest &request, std::function<void(LaunchResult)> done) override
     {
         m_wait = m_clock.after(2s, [this, request, done = std::move(done)] {
             const auto pid = m_workspace.start({{request.title}, {}, {}, {}});
@@ -172,11 +174,13 @@ int main(int argc, char **argv)
         app.setProperty("detailGame", library.games()[number].id);
     if (options.value(u"page"_s) == u"console") app.setProperty("selectedConsole", u"ps2"_s);
 
+    BiosFiles bios(places, emulators, preferences, workspace, *tasks);
+    EmulatorChanges changes(places, *clock, *tasks, processes);
     FakeGamepads pads;
     ControllerInput controller(pads, *clock);
     controller.isActive = [] { return true; };
-    VelkoWindow window(
-        {app, library, screenshots, emulators, preferences, translator, *clock, *tasks, workspace, places, controller});
+    VelkoWindow window({app, library, screenshots, emulators, bios, changes, preferences, translator, *clock, *tasks,
+                        workspace, places, controller});
     if (!window.load()) return 1;
     const QStringList size = options.value(u"size"_s).split(u'x');
     window.window()->resize(size.value(0).toInt(), size.value(1).toInt());

@@ -199,28 +199,3 @@ QString ConsoleFacts::controllerText() const
     return m_translator.translate(controllerClass(id) == ControllerClass::manual ? controllerHint(id)
                                                                                  : controllerGuide(id).first());
 }
-
-QString ConsoleFacts::biosLabel() const
-{
-    return m_console && m_console->bios ? m_translator.translate(m_console->bios->label) : QString();
-}
-
-QString ConsoleFacts::biosHint() const
-{
-    return m_console && m_console->bios ? m_translator.translate(m_console->bios->hint) : QString();
-}
-
-QString ConsoleFacts::biosNeed() const
-{
-    if (!m_console || !m_console->bios) return {};
-    return m_translator.translate(m_console->bios->required ? u"Required"_s : u"Optional"_s);
-}
-
-QString ConsoleFacts::biosPlace() const
-{
-    if (!m_console || !m_console->bios) return {};
-    const BiosDest &dest = m_console->bios->dest;
-    return dest.kind == BiosDest::Kind::ps3Firmware
-        ? m_translator.translate(u"RPCS3 installs it itself: File, Install Firmware"_s)
-        : m_translator.fill(u"Put it in %@"_s, {u"~/"_s + dest.folder});
-}

@@ -79,10 +79,6 @@ class ConsoleFacts : public QObject {
     Q_PROPERTY(bool hasEmulators READ hasEmulators NOTIFY changed)
     Q_PROPERTY(QString emulatorHint READ emulatorHint NOTIFY statusChanged)
     Q_PROPERTY(QString controllerText READ controllerText NOTIFY statusChanged)
-    Q_PROPERTY(QString biosLabel READ biosLabel NOTIFY changed)
-    Q_PROPERTY(QString biosHint READ biosHint NOTIFY changed)
-    Q_PROPERTY(QString biosNeed READ biosNeed NOTIFY changed)
-    Q_PROPERTY(QString biosPlace READ biosPlace NOTIFY changed)
     Q_PROPERTY(EmulatorCopiesModel *emulators READ emulators CONSTANT)
 public:
     ConsoleFacts(const LibraryStore &library, const InstalledEmulators &emulators, const Translator &translator,
@@ -104,10 +100,6 @@ public:
     bool hasEmulators() const; ///< emulators play this console
     QString emulatorHint() const; ///< what is missing; empty when ready
     QString controllerText() const; ///< how the controller gets into the emulator that is used
-    QString biosLabel() const; ///< empty: no system files are needed
-    QString biosHint() const;
-    QString biosNeed() const; ///< "Required" or "Optional"
-    QString biosPlace() const; ///< where the files belong
     EmulatorCopiesModel *emulators() { return &m_copies; }
 
 signals:

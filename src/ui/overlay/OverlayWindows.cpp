@@ -88,6 +88,7 @@ private:
     void showNotice();
     void showCurtain();
     void placeNotice();
+    void forgetPicture();
     QScreen *screen(); ///< that the game is on
 
     OverlayWindowParts m_parts;
@@ -95,6 +96,7 @@ private:
     NoticeFacts m_notices;
     std::unique_ptr<Built> m_built;
     Timer m_soon;
+    Timer m_forget;
 };
 
 OverlayWindows::Surfaces::Surfaces(const OverlayWindowParts &parts)
@@ -146,8 +148,8 @@ void OverlayWindows::Surfaces::build()
     panel.setPersistentSceneGraph(true);
     panel.setPersistentGraphics(true);
     panel.setGeometry(screen()->geometry());
-    load(panel, u"OverlayPanel.qml"_s, {{u"facts"_s, QVariant::fromValue(&m_facts)},
-                                        {u"input"_s, QVariant::fromValue(&m_built->input)}});
+    load(panel, u"OverlayPanel.qml"_s,
+         {{u"facts"_s, QVariant::fromValue(&m_facts)}, {u"input"_s, QVariant::fromValue(&m_built->input)}});
     panel.create();
 
     QQuickView &notice = m_built->notice;
@@ -180,9 +182,12 @@ QScreen *OverlayWindows::Surfaces::screen()
 void OverlayWindows::Surfaces::showPanel()
 {
     if (!m_parts.guide.isOpen()) {
-        if (m_built) m_built->panel.hide();
+        if (!m_built || !m_built->panel.isVisible()) return;
+        m_built->panel.hide();
+        m_forget = m_parts.clock.after(500ms, [this] { forgetPicture(); });
         return;
     }
+    m_forget.reset();
     build();
     QQuickView &panel = m_built->panel;
     if (panel.isVisible() && panel.screen() == screen()) return;
@@ -193,6 +198,12 @@ void OverlayWindows::Surfaces::showPanel()
     panel.raise();
     panel.requestActivate();
     m_parts.windows.activate(panel.winId());
+}
+
+/// A hidden window keeps what it drew last, the picture of a whole display: it draws once more, for nobody.
+void OverlayWindows::Surfaces::forgetPicture()
+{
+    static_cast<void>(m_built->panel.grabWindow());
 }
 
 void OverlayWindows::Surfaces::placeNotice()

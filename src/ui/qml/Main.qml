@@ -16,6 +16,8 @@ FocusScope {
     required property EmulatorFacts gameEmulator
     required property EmulatorFacts shownEmulator
     required property LibraryAlerts alerts
+    required property LaunchQuestions questions
+    required property BiosFacts bios
     required property Notices notices
     required property FolderList folders
     required property ProfileFacts profile
@@ -36,6 +38,7 @@ FocusScope {
     Binding { target: Theme; property: "wholeScale"; value: Screen.devicePixelRatio % 1 === 0 }
     Binding { target: root.openGame; property: "gameID"; value: root.app.detailGame }
     Binding { target: root.gameEmulator; property: "emulatorID"; value: root.openGame.options.engine }
+    Binding { target: root.bios; property: "consoleID"; value: root.app.selectedConsole }
     Binding { target: root.home; property: "active"; value: root.app.tab === "home" }
     Binding { target: root.profile; property: "active"; value: root.app.tab === "profile" }
     Binding { target: root.gallery; property: "active"; value: root.app.tab === "profile" }
@@ -51,55 +54,59 @@ FocusScope {
         height: root.height
         strength: 0.13
     }
-    FocusScope {
-        id: surface
-        anchors.fill: parent
-        enabled: !root.modal
-        focus: !root.modal
-        Pad.tabs: Tr.translate("Previous / next tab")
-        Pad.menu: Tr.translate("Menu")
-        Pad.onTabPressed: by => {
-            root.app.stepTab(by)
-            pages.forceActiveFocus(Qt.TabFocusReason)
-        }
-        Pad.onMenuPressed: overlays.show("menu")
-        Pages {
-            id: pages
-            anchors.fill: parent
-            anchors.topMargin: bar.height
-            anchors.bottomMargin: root.barHeight
-            focus: true
-            app: root.app
-            library: root.library
-            lists: root.lists
-            keeper: root.keeper
-            home: root.home
-            openGame: root.openGame
-            gameEmulator: root.gameEmulator
-            alerts: root.alerts
-            profile: root.profile
-            gallery: root.gallery
-            onFolderWanted: overlays.show("folder")
-            onEmulatorWanted: emulatorID => overlays.showEmulator(emulatorID)
-            onRemovalWanted: overlays.show("remove")
-            onRenameWanted: overlays.show("rename")
-        }
-        TopBar {
-            id: bar
-            width: parent.width
-            app: root.app
-            focusExit: pages
-            controllerName: root.controller.controllerName
-            onMenuWanted: overlays.show("menu")
-            onBigPictureWanted: root.notices.show(Tr.translate("Big Picture is not in this version of Velko yet."), "info")
-        }
-        Shortcuts { app: root.app }
-    }
     FileDrop {
         anchors.fill: parent
         enabled: !root.modal
+        quiet: root.app.selectedConsole !== "" && root.app.tab === "consoles"
         alerts: root.alerts
         notices: root.notices
+
+        FocusScope {
+            id: surface
+            anchors.fill: parent
+            enabled: !root.modal
+            focus: !root.modal
+            Pad.tabs: Tr.translate("Previous / next tab")
+            Pad.menu: Tr.translate("Menu")
+            Pad.onTabPressed: by => {
+                root.app.stepTab(by)
+                pages.forceActiveFocus(Qt.TabFocusReason)
+            }
+            Pad.onMenuPressed: overlays.show("menu")
+            Pages {
+                id: pages
+                anchors.fill: parent
+                anchors.topMargin: bar.height
+                anchors.bottomMargin: root.barHeight
+                focus: true
+                app: root.app
+                library: root.library
+                lists: root.lists
+                keeper: root.keeper
+                home: root.home
+                openGame: root.openGame
+                gameEmulator: root.gameEmulator
+                alerts: root.alerts
+                bios: root.bios
+                profile: root.profile
+                gallery: root.gallery
+                onFilesWanted: overlays.show("files")
+                onFolderWanted: overlays.show("folder")
+                onEmulatorWanted: emulatorID => overlays.showEmulator(emulatorID)
+                onRemovalWanted: overlays.show("remove")
+                onRenameWanted: overlays.show("rename")
+            }
+            TopBar {
+                id: bar
+                width: parent.width
+                app: root.app
+                focusExit: pages
+                controllerName: root.controller.controllerName
+                onMenuWanted: overlays.show("menu")
+                onBigPictureWanted: root.notices.show(Tr.translate("Big Picture is not in this version of Velko yet."), "info")
+            }
+            Shortcuts { app: root.app }
+        }
     }
     Overlays {
         id: overlays
@@ -112,6 +119,8 @@ FocusScope {
         openGame: root.openGame
         emulator: root.shownEmulator
         alerts: root.alerts
+        questions: root.questions
+        bios: root.bios
         notices: root.notices
         folders: root.folders
         gallery: root.gallery

@@ -8,12 +8,14 @@ FocusScope {
     required property LibraryStore library
     required property FocusKeeper keeper
     required property LibraryLists lists
+    required property BiosFacts bios
     readonly property ConsoleFacts facts: lists.console
     readonly property int sideWidth: Theme.contentWidth >= 1500 ? 464 : Theme.contentWidth >= 1000 ? 360 : 288
     readonly property int sideGap: Theme.contentWidth >= 1500 ? 60 : 40
     property bool sorting: false
     signal folderWanted
     signal emulatorWanted(string emulatorID)
+    signal filesWanted
 
     Pad.back: Tr.translate("Back")
     Keys.onEscapePressed: root.app.selectedConsole = ""
@@ -112,9 +114,10 @@ FocusScope {
                     onEmulatorWanted: emulatorID => root.emulatorWanted(emulatorID)
                 }
                 BiosCard {
-                    visible: root.facts.biosLabel !== ""
+                    visible: root.bios.label !== ""
                     width: parent.width
-                    facts: root.facts
+                    facts: root.bios
+                    onFilesWanted: root.filesWanted()
                 }
             }
         }

@@ -9,9 +9,11 @@ FocusScope {
     required property LibraryStore library
     required property FocusKeeper keeper
     required property LibraryLists lists
+    required property BiosFacts bios
     readonly property bool open: app.selectedConsole !== ""
     signal folderWanted
     signal emulatorWanted(string emulatorID)
+    signal filesWanted
 
     ConsoleCatalog {
         anchors.fill: parent
@@ -29,7 +31,9 @@ FocusScope {
             library: root.library
             keeper: root.keeper
             lists: root.lists
+            bios: root.bios
             onFolderWanted: root.folderWanted()
+            onFilesWanted: root.filesWanted()
             onEmulatorWanted: emulatorID => root.emulatorWanted(emulatorID)
         }
         onLoaded: if (root.visible) (item as Item).forceActiveFocus()

@@ -1,18 +1,21 @@
 import QtQuick
 import Velko
 
-/// Chooses a folder of games: places at the left, the folders of the open one at the right.
+/// Chooses a folder of games, or files: places at the left, what is in the open folder at the right.
 Sheet {
     id: root
     required property FolderList folders
+    property bool files: false
+    property string what ///< what the files are
     /// Back leads up to where the choice began, and from there out of it.
     readonly property bool inside: folders.parentFolder !== "" && folders.folder !== folders.places[0]?.path
     signal chosen(string path)
+    signal filesChosen(var paths)
 
-    title: Tr.translate("Add a folder of games")
+    title: files ? Tr.fill("Choose files: %@", [what]) : Tr.translate("Add a folder of games")
     panelWidth: 920
     panelHeight: 660
-    Component.onCompleted: root.folders.open("")
+    Component.onCompleted: root.folders.begin(root.files)
     Pad.back: root.inside ? Tr.translate("Up one folder") : Tr.translate("Close")
     Keys.onBackPressed: event => {
         event.accepted = root.inside
@@ -100,7 +103,7 @@ Sheet {
                     delegate: FolderRow {
                         width: list.width
                         marked: ListView.isCurrentItem && list.lit
-                        onActivated: root.folders.open(path)
+                        onActivated: file ? root.folders.toggle(path) : root.folders.open(path)
                     }
                 }
                 ScrollHandle { view: list }
@@ -122,9 +125,10 @@ Sheet {
             size: 52
             textSize: 15.5
             kind: "primary"
-            text: Tr.translate("Add this folder")
-            available: root.folders.folder !== "/"
-            onActivated: root.chosen(root.folders.folder)
+            text: !root.files ? Tr.translate("Add this folder")
+                : root.folders.marked.length < 2 ? Tr.translate("Take this file") : Tr.fill("Take %ld files", [root.folders.marked.length])
+            available: root.files ? root.folders.marked.length > 0 : root.folders.folder !== "/"
+            onActivated: root.files ? root.filesChosen(root.folders.marked) : root.chosen(root.folders.folder)
         }
     }
 }

@@ -1,17 +1,21 @@
 import QtQuick
 import Velko
 
-/// One folder of the folder picker.
+/// One folder or file of the picker.
 Item {
     id: root
     required property string name
     required property string path
+    required property bool file
+    required property bool chosen ///< a file that is to be taken
     property bool marked: false
     signal activated
 
     height: 44
     Accessible.role: Accessible.ListItem
     Accessible.name: name
+    Accessible.checkable: file
+    Accessible.checked: chosen
     Accessible.onPressAction: root.activated()
 
     Rectangle {
@@ -22,7 +26,7 @@ Item {
     Icon {
         x: 12
         anchors.verticalCenter: parent.verticalCenter
-        name: "folder"
+        name: root.file ? "file" : "folder"
         color: root.marked ? Theme.onAccent : Theme.t2
     }
     Label {
@@ -36,9 +40,10 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: 12
         anchors.verticalCenter: parent.verticalCenter
-        name: "right"
-        size: 16
-        color: root.marked ? Theme.onAccent : Theme.t3
+        visible: !root.file || root.chosen
+        name: root.chosen ? "check" : "right"
+        size: root.chosen ? 20 : 16
+        color: root.marked ? Theme.onAccent : root.chosen ? Theme.ok : Theme.t3
     }
     HoverHandler {
         id: hover

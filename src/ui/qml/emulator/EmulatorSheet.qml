@@ -6,11 +6,11 @@ Sheet {
     id: root
     required property EmulatorFacts emulator
     required property FocusKeeper keeper
+    signal systemFilesWanted(string consoleID)
 
     title: root.emulator.name
     panelWidth: 880
     panelHeight: Math.max(360, panel.height + 180)
-    Keys.onBackPressed: root.closed()
 
     ScrollPage {
         x: -20
@@ -25,6 +25,8 @@ Sheet {
             x: 20
             width: root.body.width
             emulator: root.emulator
+            systemFilesButton: true
+            onSystemFilesWanted: root.systemFilesWanted(root.emulator.systemFilesConsole)
         }
     }
 }

@@ -1,18 +1,34 @@
 import QtQuick
 import Velko
 
-/// Everything about one emulator that is set up once: the controller's guide and the copy that is used.
+/// Everything about one emulator that is set up once: the controller's guide, the copy that is used, and what Velko
+/// changed in its files.
 Column {
     id: root
     required property EmulatorFacts emulator
+    property bool systemFilesButton: false
+    signal systemFilesWanted
 
     spacing: 20
     GuideCard {
         width: parent.width
         emulator: root.emulator
     }
+    ListRow {
+        visible: root.systemFilesButton && root.emulator.systemFilesConsole !== ""
+        width: parent.width
+        icon: "chip"
+        text: Tr.translate("System files")
+        detail: Tr.translate("They are dropped or chosen on the console's page")
+        onActivated: root.systemFilesWanted()
+    }
     CopiesCard {
         visible: root.emulator.installed
+        width: parent.width
+        emulator: root.emulator
+    }
+    ChangesCard {
+        visible: root.emulator.edits.length > 0 || root.emulator.putBackText !== ""
         width: parent.width
         emulator: root.emulator
     }

@@ -1,11 +1,13 @@
 import QtQuick
 import Velko
 
-/// Files and folders dropped anywhere on the window are added to the library.
+/// The window's pages. Files and folders dropped anywhere on them are added to the library, unless a place of its own
+/// inside takes them.
 DropArea {
     id: root
     required property LibraryAlerts alerts
     required property Notices notices
+    property bool quiet: false ///< what lies below shows by itself where things are dropped
 
     keys: ["text/uri-list"]
     onDropped: drop => {
@@ -16,7 +18,8 @@ DropArea {
 
     Loader {
         anchors.fill: parent
-        active: root.containsDrag
+        z: 1
+        active: root.containsDrag && !root.quiet
         sourceComponent: Rectangle {
             color: Theme.scrim
             DashedFrame {

@@ -10,13 +10,15 @@ FocusScope {
     required property GameFacts openGame
     required property EmulatorFacts emulator
     required property LibraryAlerts alerts
+    required property LaunchQuestions questions
+    required property BiosFacts bios
     required property Notices notices
     required property FolderList folders
     required property ScreenshotGallery gallery
-    property string wanted ///< by the user: "menu", "about", "folder", "remove", "rename", "emulator"; empty: none
-    readonly property string shown: alerts.missingText !== "" ? "missing" : alerts.setupText !== "" ? "setup"
-        : alerts.errorText !== "" ? "error" : app.report ? "report" : wanted !== "" ? wanted
-        : gallery.viewing || gallery.asking ? "shots" : ""
+    property string wanted ///< by the user: "menu", "about", "folder", "remove", "rename", "emulator", "files"; empty: none
+    readonly property string shown: alerts.missingText !== "" ? "missing" : questions.controllerTitle !== "" ? "controller"
+        : questions.setupText !== "" ? "setup" : alerts.errorText !== "" ? "error" : app.report ? "report"
+        : wanted !== "" ? wanted : gallery.viewing || gallery.asking ? "shots" : ""
     readonly property bool busy: shown !== ""
 
     function show(name) { root.wanted = name }
@@ -29,10 +31,11 @@ FocusScope {
         anchors.fill: parent
         focus: true
         active: root.busy
-        sourceComponent: root.shown === "missing" ? missing : root.shown === "setup" ? setup : root.shown === "error" ? error
+        sourceComponent: root.shown === "missing" ? missing : root.shown === "controller" ? controller
+            : root.shown === "setup" ? setup : root.shown === "error" ? error
             : root.shown === "report" ? report : root.shown === "menu" ? menu : root.shown === "about" ? about
             : root.shown === "folder" ? folder : root.shown === "remove" ? remove : root.shown === "rename" ? rename
-            : root.shown === "emulator" ? emulatorSheet : root.shown === "shots" ? shots : null
+            : root.shown === "emulator" ? emulatorSheet : root.shown === "files" ? files : root.shown === "shots" ? shots : null
         onLoaded: (item as Item).forceActiveFocus()
     }
     Component {
@@ -54,17 +57,40 @@ FocusScope {
         }
     }
     Component {
+        id: controller
+        QuestionDialog {
+            title: root.questions.controllerTitle
+            panelWidth: 760
+            text: root.questions.controllerText
+            actions: [
+                { name: "steps", text: Tr.translate("Show the steps"), kind: "primary" },
+                { name: "play", text: Tr.translate("Play") },
+                { name: "always", text: Tr.translate("Play, and don't ask again") }
+            ]
+            onAnswered: answer => {
+                const emulator = root.questions.controllerEmulator
+                if (answer === "play") root.questions.play()
+                else if (answer === "always") root.questions.playAndStopAsking()
+                else root.questions.dismissController()
+                if (answer === "steps") root.showEmulator(emulator)
+            }
+        }
+    }
+    Component {
         id: setup
         QuestionDialog {
             icon: "warning"
-            text: root.alerts.setupText
+            text: root.questions.setupText
             actions: [
-                { name: "essentials", text: Tr.translate("Essentials"), kind: "primary" },
+                root.questions.setupInstalled ? { name: "setup", text: Tr.translate("Set it up"), kind: "primary" }
+                    : { name: "essentials", text: Tr.translate("Essentials"), kind: "primary" },
                 { name: "cancel", text: Tr.translate("Cancel") }
             ]
             onAnswered: answer => {
-                root.alerts.dismissError()
+                const emulator = root.questions.setupEmulator
+                root.questions.dismissSetup()
                 if (answer === "essentials") root.app.tab = "essentials"
+                if (answer === "setup") root.showEmulator(emulator)
             }
         }
     }
@@ -116,6 +142,19 @@ FocusScope {
         }
     }
     Component {
+        id: files
+        FolderPicker {
+            files: true
+            what: root.bios.label
+            folders: root.folders
+            onClosed: root.wanted = ""
+            onFilesChosen: paths => {
+                root.wanted = ""
+                root.bios.install(paths)
+            }
+        }
+    }
+    Component {
         id: remove
         QuestionDialog {
             title: Tr.fill("Remove “%@” from the library?", [root.openGame.title])
@@ -136,6 +175,12 @@ FocusScope {
             emulator: root.emulator
             keeper: root.keeper
             onClosed: root.wanted = ""
+            onSystemFilesWanted: consoleID => {
+                root.wanted = ""
+                root.app.tab = "consoles"
+                root.app.detailGame = ""
+                root.app.selectedConsole = consoleID
+            }
         }
     }
     Component {

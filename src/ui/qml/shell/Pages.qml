@@ -12,11 +12,13 @@ FocusScope {
     required property GameFacts openGame
     required property EmulatorFacts gameEmulator
     required property LibraryAlerts alerts
+    required property BiosFacts bios
     required property ProfileFacts profile
     required property ScreenshotGallery gallery
     readonly property bool gameShown: app.detailGame !== "" && openGame.exists
     signal folderWanted
     signal emulatorWanted(string emulatorID)
+    signal filesWanted
     signal removalWanted
     signal renameWanted
 
@@ -27,7 +29,7 @@ FocusScope {
             { name: "games", page: "../games/GamesPage.qml",
               parts: { app: root.app, keeper: root.keeper, lists: root.lists } },
             { name: "consoles", page: "../consoles/ConsolesPage.qml",
-              parts: { app: root.app, library: root.library, keeper: root.keeper, lists: root.lists } },
+              parts: { app: root.app, library: root.library, keeper: root.keeper, lists: root.lists, bios: root.bios } },
             { name: "essentials", page: "LaterPage.qml", parts: { title: "Essentials", icon: "tools",
               text: "Installing and updating emulators from here comes with a later version. Emulators that are installed on this computer are found by themselves." } },
             { name: "profile", page: "../profile/ProfilePage.qml",
@@ -43,6 +45,7 @@ FocusScope {
             parts: modelData.parts
             covered: root.gameShown
             onFolderWanted: root.folderWanted()
+            onFilesWanted: root.filesWanted()
             onEmulatorWanted: emulatorID => root.emulatorWanted(emulatorID)
         }
     }

@@ -12,6 +12,7 @@ FocusScope {
     readonly property bool current: app.tab === name
     signal folderWanted
     signal emulatorWanted(string emulatorID)
+    signal filesWanted
 
     anchors.fill: parent
     visible: current && !covered
@@ -30,6 +31,7 @@ FocusScope {
         target: loader.item
         ignoreUnknownSignals: true
         function onFolderWanted() { root.folderWanted() }
+        function onFilesWanted() { root.filesWanted() }
         function onEmulatorWanted(emulatorID) { root.emulatorWanted(emulatorID) }
     }
 }
