@@ -54,6 +54,11 @@ void CouchPlay::play(const QString &title)
     velko = std::make_unique<Program>(display, QStringList{u"play"_s, title, u"--virtual-pad"_s, pad->pipe()});
 }
 
+void CouchPlay::openWindow()
+{
+    velko = std::make_unique<Program>(display, QStringList{u"--virtual-pad"_s, pad->pipe()});
+}
+
 QList<qint64> CouchPlay::game() const
 {
     QList<qint64> all = display.programs();

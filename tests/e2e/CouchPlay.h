@@ -28,6 +28,7 @@ protected:
     void SetUp() override;
     void chooseEmulator(const QByteArray &preferences); ///< lines of the preferences file
     void play(const QString &title); ///< `velko play` with the controller
+    void openWindow(); ///< `velko` with the controller
     QList<qint64> game() const; ///< the emulator's processes, the started one first
     bool gameIsInFront();
     bool menuIsInFront(); ///< Velko's menu fills the screen and has the keyboard

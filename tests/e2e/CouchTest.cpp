@@ -84,6 +84,44 @@ INSTANTIATE_TEST_SUITE_P(
                     Way{"retroarch", "retroarch", "emulator.gb=retroarch", ".config/retroarch/states", "*.state*"}),
     [](const auto &row) { return row.param.name; });
 
+class CouchWindow : public CouchPlay {
+protected:
+    /// Velko's own window has the keyboard, and nothing of it lies over the whole screen.
+    bool velkoIsInFront() const
+    {
+        const auto front = display.desktop().active();
+        return front && front->pid == velko->pid() && front->place != screen;
+    }
+};
+
+TEST_F(CouchWindow, aStartsTheGameAndItsEndLeadsBack)
+{
+    ASSERT_TRUE(installDemoGame(display));
+    openWindow();
+    ASSERT_TRUE(waitFor(20s, [this] { return velkoIsInFront(); })) << story();
+    // Until the first page listens, a press goes nowhere.
+    ASSERT_TRUE(waitFor(30s, [this] {
+        pad->press("A");
+        return waitFor(1500ms, [this] { return !game().isEmpty(); });
+    })) << story();
+    ASSERT_TRUE(waitForDemoGame(display, 30s)) << story();
+    ASSERT_TRUE(waitFor(5s, [this] { return gameIsInFront(); })) << story();
+
+    ASSERT_TRUE(openMenu()) << story();
+    pad->press("B");
+    ASSERT_TRUE(waitFor(5s, [this] { return gameIsInFront() && !gameStandsStill(); })) << story();
+    EXPECT_TRUE(isMoving(display));
+    ASSERT_TRUE(openMenu()) << story();
+    quitFromMenu();
+    ASSERT_TRUE(waitFor(20s, [this] { return game().isEmpty(); })) << story();
+    EXPECT_TRUE(waitFor(5s, [this] { return velkoIsInFront(); })) << story();
+    EXPECT_EQ(firstGame()[u"sessionCount"].toInt(), 1);
+    const auto saved = demoGameSave(display);
+    ASSERT_TRUE(saved) << "the battery of the cartridge";
+    EXPECT_EQ(saved->evenings, 1);
+    EXPECT_TRUE(velko->isRunning());
+}
+
 class CouchTrouble : public CouchPlay { };
 
 TEST_F(CouchTrouble, aFrozenGameGoesOnWhenVelkoIsKilled)
