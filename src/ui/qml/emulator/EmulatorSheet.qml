@@ -10,7 +10,7 @@ Sheet {
 
     title: root.emulator.name
     panelWidth: 880
-    panelHeight: Math.max(360, panel.height + 180)
+    panelHeight: Math.max(360, panel.height + 150)
 
     ScrollPage {
         x: -20

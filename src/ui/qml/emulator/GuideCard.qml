@@ -5,6 +5,7 @@ import Velko
 Card {
     id: root
     required property EmulatorFacts emulator
+    property bool first: false ///< its button is where the focus begins
     readonly property bool stacked: width < 640
 
     implicitHeight: content.height + 52
@@ -99,6 +100,7 @@ Card {
             width: parent.width - x
             spacing: 12
             TextButton {
+                focus: root.first
                 kind: root.emulator.byHand && !root.emulator.configured ? "primary" : "plain"
                 icon: "external"
                 text: !root.emulator.installed ? Tr.fill("%@ isn't installed", [root.emulator.name])

@@ -11,6 +11,7 @@ Column {
 
     spacing: 20
     GuideCard {
+        first: root.systemFilesButton
         width: parent.width
         emulator: root.emulator
     }
