@@ -131,6 +131,16 @@ TEST(PadWindow, backLeadsUpInTheFolderPickerAndThenOutOfIt)
     EXPECT_EQ(house.control()->property("text").toString(), welcome);
 }
 
+TEST(PadWindow, aPageWithoutAControlLeavesTheFocusAtItsTab)
+{
+    WindowHouse house(24);
+    ASSERT_TRUE(house.show());
+    for (const auto button : {PadButton::rightShoulder, PadButton::dpadRight, PadButton::dpadRight,
+                              PadButton::rightShoulder, PadButton::rightShoulder})
+        house.press(button);
+    EXPECT_EQ(house.control()->property("text").toString(), u"Essentials"_s);
+}
+
 TEST(PadWindow, upLeadsToTheCurrentTabAndDownBackToWhereOneWas)
 {
     WindowHouse house(24);
