@@ -34,6 +34,7 @@
 
 #include <QQmlEngine>
 #include <QQuickView>
+#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -121,6 +122,16 @@ VelkoWindow::~VelkoWindow()
     m_content->view.setSource({}); // the pages go before what they are bound to
 }
 
+/// On a screen that is too small for the window and its frame it fills the screen.
+static void fit(QWindow &window)
+{
+    const QSize wanted(1440, 900), frame(16, 48);
+    const QSize room = window.screen()->availableSize();
+    const QSize size = wanted.boundedTo(room - frame);
+    window.resize(size);
+    if (size != wanted) window.setWindowStates(Qt::WindowMaximized);
+}
+
 bool VelkoWindow::load()
 {
     Content &content = *m_content;
@@ -128,7 +139,7 @@ bool VelkoWindow::load()
     view.setTitle(u"Velko"_s);
     view.setColor(QColor(0x0c, 0x0e, 0x14));
     view.setMinimumSize({720, 480});
-    view.resize(1440, 900);
+    fit(view);
     view.setResizeMode(QQuickView::SizeRootObjectToView);
     // The pages are made with their content and their size, so that nothing is laid out twice.
     content.home.setActive(content.parts.app.property("tab").toString() == u"home");

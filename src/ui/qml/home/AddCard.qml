@@ -39,6 +39,7 @@ Card {
         y: parent.height - height - 22
         spacing: 10
         TextButton {
+            id: add
             size: 44
             textSize: 14.5
             icon: "plus"
@@ -50,7 +51,15 @@ Card {
             textSize: 14.5
             kind: "ghost"
             icon: "update"
-            text: Tr.translate("Look again")
+            name: Tr.translate("Look again")
+            text: look.implicitWidth < root.width - 48 - add.width - 74 ? name : "" // the icon alone when it gets narrow
+            Label {
+                id: look
+                visible: false
+                text: parent.name
+                size: 14.5
+                font.weight: 600
+            }
             visible: root.library.romFolders.length > 0
             available: !root.library.scanning
             onActivated: root.library.scan([])
