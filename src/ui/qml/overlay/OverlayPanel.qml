@@ -95,7 +95,8 @@ FocusScope {
         visible: !root.facts.quitting
         hints: root.facts.page === "settings" ? [
             { glyphs: ["dpad-v"], text: Tr.translate("Move with the D-pad") },
-            { glyphs: ["dpad-h"], text: Tr.translate("Change") },
+            ...(root.facts.selectedChanges ? [{ glyphs: ["dpad-h"], text: Tr.translate("Change") }]
+                : root.facts.selectedActs ? [{ glyphs: ["a"], text: Tr.translate("Choose") }] : []),
             { glyphs: ["b"], text: Tr.translate("Back") }
         ] : root.facts.page === "info" ? [
             { glyphs: ["b"], text: Tr.translate("Back") }
