@@ -6,11 +6,12 @@ Card {
     id: root
     required property LibraryStore library
     required property HomeFacts home
+    readonly property bool low: height < 160
     signal folderWanted
 
     Row {
         x: 24
-        y: 22
+        y: root.low ? 16 : 22
         spacing: 12
         Icon {
             anchors.verticalCenter: parent.verticalCenter
@@ -26,7 +27,7 @@ Card {
     }
     Label {
         x: 57
-        y: 54
+        y: root.low ? 48 : 54
         width: parent.width - 81
         text: root.home.folders === "" ? Tr.translate("None yet") : root.home.folders
         color: Theme.t2
@@ -36,7 +37,7 @@ Card {
     }
     Row {
         x: 24
-        y: parent.height - height - 22
+        y: parent.height - height - (root.low ? 14 : 22)
         spacing: 10
         TextButton {
             id: add
