@@ -15,7 +15,7 @@ run_packages=(
 test_packages=(
     libgtest-dev libbenchmark-dev
     xvfb openbox xfwm4 xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils
-    mgba-qt dolphin-emu retroarch libretro-gambatte
+    mgba-qt dolphin-emu retroarch libretro-gambatte xdotool
 )
 # What ./run needs when it has to bring its own display.
 headless_packages=(xvfb openbox dbus at-spi2-core mgba-qt xdotool scrot)
