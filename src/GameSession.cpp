@@ -71,6 +71,9 @@ void GameSession::Content::connectGames()
                          begin(gameID, program);
                          grabHotKey();
                      });
+    QObject::connect(&parts.library, &LibraryStore::backToGameWanted, &guide, [this](const QString &gameID) {
+        if (guide.session() && guide.session()->gameID == gameID) guide.goBackToGame();
+    });
     QObject::connect(hotKey.get(), &HotKey::pressed, &guide, &GuideOverlay::hotKey);
     QObject::connect(&supervisor, &GameSupervisor::placed, &guide, [this] {
         if (supervisor.game()) states.continueFromState(*supervisor.game());

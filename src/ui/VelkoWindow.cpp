@@ -48,7 +48,7 @@ struct VelkoWindow::Content {
     explicit Content(const WindowParts &given)
         : parts(given), sources{given.library, given.emulators, given.preferences, given.translator,
                                 given.clock,   given.tasks,     given.workspace,   given.places.host},
-          opener(given.places, given.workspace), home(sources), openGame(sources),
+          opener(given.places, given.workspace), home(sources, given.places), openGame(sources),
           gameEmulator(given.emulators, given.preferences, opener, given.changes, given.translator, given.places),
           shownEmulator(given.emulators, given.preferences, opener, given.changes, given.translator, given.places),
           bios(given.bios, given.emulators, given.translator, given.places),
