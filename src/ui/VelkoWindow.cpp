@@ -23,6 +23,7 @@
 #include "ui/Notices.h"
 #include "ui/PadNavigation.h"
 #include "ui/PlayDayBars.h"
+#include "ui/PlaySettings.h"
 #include "ui/PointerHider.h"
 #include "ui/ProfileFacts.h"
 #include "ui/QmlTypes.h"
@@ -74,6 +75,7 @@ struct VelkoWindow::Content {
     ProfileFacts profile;
     ScreenshotGallery gallery;
     FolderList folders;
+    PlaySettings settings{parts.preferences, parts.translator};
     LibraryLists lists;
     QQuickView view;
     FocusKeeper keeper{&view};
@@ -151,6 +153,7 @@ bool VelkoWindow::load()
                                {u"notices"_s, QVariant::fromValue(&content.notices)},
                                {u"profile"_s, QVariant::fromValue(&content.profile)},
                                {u"gallery"_s, QVariant::fromValue(&content.gallery)},
+                               {u"settings"_s, QVariant::fromValue(&content.settings)},
                                {u"folders"_s, QVariant::fromValue(&content.folders)}});
     view.setSource(page(u"Main.qml"_s));
     return view.status() == QQuickView::Ready;
