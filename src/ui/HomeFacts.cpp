@@ -1,6 +1,7 @@
 #include "ui/HomeFacts.h"
 
 #include "app/Translator.h"
+#include "ui/CopyText.h"
 #include "ui/HomeGames.h"
 #include "ui/PlayDayBars.h"
 #include "ui/models/PlayTimeText.h"
@@ -11,9 +12,10 @@ using namespace Qt::StringLiterals;
 
 static constexpr int shelfLength = 24;
 
-HomeFacts::HomeFacts(const GameFacts::Sources &sources, QObject *parent)
-    : QObject(parent), m_library(sources.library), m_translator(sources.translator), m_clock(sources.clock),
-      m_hero(sources), m_recent(sources.library, sources.host), m_favorites(sources.library, sources.host)
+HomeFacts::HomeFacts(const GameFacts::Sources &sources, const Places &places, QObject *parent)
+    : QObject(parent), m_places(places), m_library(sources.library), m_translator(sources.translator),
+      m_clock(sources.clock), m_hero(sources), m_recent(sources.library, sources.host),
+      m_favorites(sources.library, sources.host)
 {
     connect(&m_library, &LibraryStore::gamesChanged, this, &HomeFacts::update);
     connect(&m_library, &LibraryStore::libraryReplaced, this, &HomeFacts::update);
@@ -31,20 +33,25 @@ void HomeFacts::setActive(bool active)
 
 QString HomeFacts::folders() const
 {
-    return m_library.romFolders().join(u'\n');
+    QStringList lines;
+    for (const QString &folder : m_library.romFolders())
+        lines += fromHome(folder, m_places);
+    return lines.join(u'\n');
 }
 
 void HomeFacts::update()
 {
     if (!m_active) return;
     const auto &games = m_library.games();
-    QStringList played = recentlyPlayed(games, shelfLength + 1);
-    const bool anyPlayed = !played.isEmpty();
-    if (!anyPlayed) played = recentlyAdded(games, shelfLength + 1);
-    m_hero.setGameID(played.value(0));
-    // The hero stands above the shelf already.
-    m_recent.show(played.mid(1));
-    m_recentTitle = m_translator.translate(anyPlayed ? u"Recently played"_s : u"Recently added"_s);
+    const QStringList played = recentlyPlayed(games, shelfLength + 1);
+    // The only game that was ever played leaves the shelf to the others.
+    const bool showsPlayed = played.size() > 1;
+    QStringList shelf = showsPlayed ? played : recentlyAdded(games, shelfLength + 1);
+    const QString hero = played.isEmpty() ? shelf.value(0) : played.first();
+    m_hero.setGameID(hero);
+    shelf.removeOne(hero); // it stands above the shelf already
+    m_recent.show(shelf.first(qMin<qsizetype>(shelf.size(), shelfLength)));
+    m_recentTitle = m_translator.translate(showsPlayed ? u"Recently played"_s : u"Recently added"_s);
     m_favorites.show(favoriteGames(games, shelfLength));
 
     const QDate today = m_clock.now().date();
