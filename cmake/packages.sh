@@ -8,7 +8,7 @@ build_packages=(
     libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-xtest0-dev libxcb-shm0-dev
 )
 run_packages=(
-    qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
+    qml6-module-qtquick qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
     qt6-image-formats-plugins libgl1-mesa-dri fonts-inter fonts-noto-core fonts-dejavu-core
     at-spi2-core dbus
 )

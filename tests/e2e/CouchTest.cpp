@@ -34,6 +34,8 @@ TEST_P(Couch, playsSavesPhotographsAndQuits)
     display.write(u"bin/boxed"_s, "#!/bin/sh\nexec unshare --pid --fork --mount-proc /usr/games/mgba-qt \"$@\"\n",
                   true);
     ASSERT_TRUE(installDemoGame(display));
+    QElapsedTimer evening;
+    evening.start();
     play(demoGameTitle);
     ASSERT_TRUE(waitForDemoGame(display, 30s)) << velko->errors().constData();
     EXPECT_TRUE(story().find("wantFull true") != std::string::npos) << story();
@@ -67,14 +69,15 @@ TEST_P(Couch, playsSavesPhotographsAndQuits)
     EXPECT_TRUE(gameStandsStill()) << "one press must not quit";
     pad->press("A");
     EXPECT_TRUE(waitFor(20s, [this] { return game().isEmpty(); })) << story();
+    const double eveningSeconds = double(evening.elapsed()) / 1000;
     ASSERT_TRUE(velko->ends(20s));
     EXPECT_EQ(velko->status(), 0) << velko->errors().constData();
     EXPECT_TRUE(waitFor(10s, [&] { return display.programs().isEmpty(); }));
 
     const QJsonObject game = firstGame();
     EXPECT_EQ(game[u"sessionCount"].toInt(), 1);
-    EXPECT_GT(game[u"lastSessionSeconds"].toDouble(), 3);
-    EXPECT_GT(frozenSeconds, 3);
+    EXPECT_GT(game[u"lastSessionSeconds"].toDouble(), 1);
+    EXPECT_LT(game[u"lastSessionSeconds"].toDouble(), eveningSeconds - frozenSeconds);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -210,9 +213,9 @@ TEST_F(CouchDolphin, itsQuestionIsLeftToTheUser)
 }
 
 /// Two displays, of which the right one is for playing.
-class CouchWithTwoDisplays : public CouchPlay, public testing::WithParamInterface<const char *> {
+class CouchWithTwoDisplays : public CouchPlay, public testing::WithParamInterface<std::string> {
 protected:
-    CouchWithTwoDisplays() : CouchPlay(XServer::Kind::twoOutputs, QString::fromLatin1(GetParam()))
+    CouchWithTwoDisplays() : CouchPlay(XServer::Kind::twoOutputs, QString::fromStdString(GetParam()))
     {
         screen = {1920, 0, 1920, 1080};
     }
@@ -238,5 +241,14 @@ TEST_P(CouchWithTwoDisplays, playsOnTheChosenOneUntilItIsGone)
     EXPECT_TRUE(velko->ends(20s));
 }
 
-INSTANTIATE_TEST_SUITE_P(WindowManagers, CouchWithTwoDisplays, testing::Values("openbox", "xfwm4"),
-                         [](const auto &row) { return std::string(row.param); });
+/// Others that happen to be installed can be named: VELKO_WINDOW_MANAGERS="kwin_x11 mutter".
+static std::vector<std::string> windowManagers()
+{
+    std::vector<std::string> all{"openbox", "xfwm4"};
+    for (const QString &each : qEnvironmentVariable("VELKO_WINDOW_MANAGERS").split(u' ', Qt::SkipEmptyParts))
+        all.push_back(each.toStdString());
+    return all;
+}
+
+INSTANTIATE_TEST_SUITE_P(WindowManagers, CouchWithTwoDisplays, testing::ValuesIn(windowManagers()),
+                         [](const auto &row) { return row.param; });
