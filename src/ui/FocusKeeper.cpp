@@ -56,6 +56,8 @@ static QQuickItem *barAround(QQuickItem *item)
 FocusKeeper::FocusKeeper(QQuickWindow *window) : QObject(window), m_window(window)
 {
     connect(window, &QQuickWindow::activeFocusItemChanged, this, &FocusKeeper::focusChanged);
+    // What appears on a page is drawn.
+    connect(window, &QQuickWindow::frameSwapped, this, &FocusKeeper::leaveBar, Qt::QueuedConnection);
 }
 
 // Qt leaves the focus on an item that is hidden.
@@ -63,6 +65,7 @@ void FocusKeeper::focusChanged()
 {
     if (m_watched) m_watched->disconnect(this);
     m_watched = m_window->activeFocusItem();
+    if (m_watched != m_parked) m_parked.clear();
     if (m_watched) {
         connect(m_watched, &QQuickItem::visibleChanged, this, &FocusKeeper::checkSoon);
         connect(m_watched, &QQuickItem::enabledChanged, this, &FocusKeeper::checkSoon);
@@ -94,7 +97,19 @@ void FocusKeeper::check()
     QQuickItem *bar = barAround(target);
     // A page without a control leaves the focus to the bar: at its current tab, wherever the focus was before.
     auto *entry = bar && bar != barAround(item) ? bar->property("focusEntry").value<QQuickItem *>() : nullptr;
+    m_lost = m_last;
     focus(entry ? entry : target);
+    if (bar && bar != barAround(item)) m_parked = m_window->activeFocusItem();
+}
+
+/// Back to a page whose controls were gone for a while.
+void FocusKeeper::leaveBar()
+{
+    if (!m_window || !m_parked || m_parked != m_window->activeFocusItem()) return;
+    QQuickItem *bar = barAround(m_parked);
+    auto controls = controlsOf(m_window->contentItem());
+    controls.removeIf([bar](QQuickItem *other) { return barAround(other) == bar; });
+    if (const auto index = nearest(m_lost, whole(controls))) focus(controls[*index]);
 }
 
 bool FocusKeeper::move(int key)

@@ -25,10 +25,13 @@ private:
     void focusChanged();
     void checkSoon();
     void check();
+    void leaveBar();
     void focus(QQuickItem *item);
 
     QPointer<QQuickWindow> m_window;
     QPointer<QQuickItem> m_watched; ///< the item in focus, which may be hidden where it is
     QRectF m_last; ///< where the focus was, in the window
+    QPointer<QQuickItem> m_parked; ///< in a bar: has the focus until the page has a control again
+    QRectF m_lost; ///< where the page's last control was
     bool m_checking = false;
 };
