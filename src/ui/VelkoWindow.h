@@ -15,6 +15,7 @@ class QQuickWindow;
 class ScreenshotStore;
 class Tasks;
 class Translator;
+class WindowShell;
 class Workspace;
 struct Places;
 
@@ -39,7 +40,8 @@ struct WindowParts {
 /// The main window.
 class VelkoWindow {
 public:
-    explicit VelkoWindow(WindowParts parts);
+    /// In the window that is shown already, or in one of its own.
+    explicit VelkoWindow(WindowParts parts, std::unique_ptr<WindowShell> shell = {});
     ~VelkoWindow();
 
     bool load(); ///< false when the interface is damaged; shows nothing by itself
