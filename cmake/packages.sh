@@ -4,19 +4,18 @@
 build_packages=(
     g++ cmake ninja-build ccache pkg-config
     qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-svg-dev libgl-dev libegl-dev
-    libsimdjson-dev libsdl2-dev libarchive-dev libyaml-cpp-dev libtoml11-dev
-    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-xtest0-dev libxcb-ewmh-dev libxcb-icccm4-dev
-    libxcb-keysyms1-dev libxcb-composite0-dev libxcb-shm0-dev
+    libsimdjson-dev libsdl2-dev libarchive-dev libyaml-cpp-dev
+    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-xtest0-dev libxcb-shm0-dev
 )
 run_packages=(
-    qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
+    qml6-module-qtquick qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
     qt6-image-formats-plugins libgl1-mesa-dri fonts-inter fonts-noto-core fonts-dejavu-core
     at-spi2-core dbus
 )
 test_packages=(
-    libgtest-dev libbenchmark-dev qml6-module-qttest
+    libgtest-dev libbenchmark-dev
     xvfb openbox xfwm4 xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils
-    mgba-qt dolphin-emu retroarch libretro-gambatte
+    mgba-qt dolphin-emu retroarch libretro-gambatte xdotool
 )
 # What ./run needs when it has to bring its own display.
 headless_packages=(xvfb openbox dbus at-spi2-core mgba-qt xdotool scrot)

@@ -35,7 +35,6 @@ struct GameSession::Content {
     std::unique_ptr<HotKey> hotKey = makeHotKey();
     std::unique_ptr<ScreenCapture> capture = makeScreenCapture();
     std::unique_ptr<Accessibility> accessibility;
-    std::unique_ptr<LocalSockets> sockets = makeLocalSockets();
     PlacementLog log;
     GameReach reach;
     GameFreezer freezer;
@@ -51,7 +50,7 @@ GameSession::Content::Content(const GameSessionParts &given, VelkoFront front)
     : parts(given), accessibility(makeAccessibility(given.tasks)), log(given.places, given.clock, given.tasks),
       reach{given.places.host, given.clock, *windows, *accessibility, *keys, given.processes, log},
       freezer(reach, given.library), supervisor(reach, given.library, given.workspace, given.preferences),
-      states({given.places, given.clock, given.tasks, *windows, *keys, *accessibility, given.processes, *sockets},
+      states({given.places, given.clock, given.tasks, *windows, *keys, *accessibility, given.processes, given.sockets},
              given.library, given.emulators),
       screenshots(given.places, given.clock, given.tasks, *windows, *capture, given.processes),
       guide({reach, given.library, given.preferences, given.controller, freezer, supervisor, states, screenshots,
@@ -72,6 +71,9 @@ void GameSession::Content::connectGames()
                          begin(gameID, program);
                          grabHotKey();
                      });
+    QObject::connect(&parts.library, &LibraryStore::backToGameWanted, &guide, [this](const QString &gameID) {
+        if (guide.session() && guide.session()->gameID == gameID) guide.goBackToGame();
+    });
     QObject::connect(hotKey.get(), &HotKey::pressed, &guide, &GuideOverlay::hotKey);
     QObject::connect(&supervisor, &GameSupervisor::placed, &guide, [this] {
         if (supervisor.game()) states.continueFromState(*supervisor.game());

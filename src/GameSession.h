@@ -7,6 +7,7 @@ class Clock;
 class ControllerInput;
 class InstalledEmulators;
 class LibraryStore;
+class LocalSockets;
 class Preferences;
 class ProcessControl;
 class ScreenshotStore;
@@ -23,6 +24,7 @@ struct GameSessionParts {
     Tasks &tasks;
     Workspace &workspace;
     ProcessControl &processes;
+    LocalSockets &sockets;
     Preferences &preferences;
     const Translator &translator;
     const InstalledEmulators &emulators;

@@ -216,8 +216,9 @@ private:
             .isFullScreen = [this] { return m_window && m_window->window()->visibility() == QWindow::FullScreen; },
             .panelIsShown = [this] { return m_games && m_games->panelIsShown(); },
         };
-        const GameSessionParts parts{m_places,     *m_clock,    *m_tasks,  *m_workspace,  *m_processes, m_preferences,
-                                     m_translator, m_emulators, m_library, m_screenshots, m_controller};
+        const GameSessionParts parts{m_places,     *m_clock,   *m_tasks,      *m_workspace,
+                                     *m_processes, *m_sockets, m_preferences, m_translator,
+                                     m_emulators,  m_library,  m_screenshots, m_controller};
         m_games = std::make_unique<GameSession>(parts, front);
         m_games->onChanged([this] { endWhenIdle(); });
         return *m_games;
@@ -263,6 +264,7 @@ private:
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
     const std::unique_ptr<Trash> m_trash = makeTrash();
     const std::unique_ptr<FileIndex> m_index = makeFileIndex(m_places);
+    const std::unique_ptr<LocalSockets> m_sockets = makeLocalSockets();
     const std::unique_ptr<Http> m_http = makeHttp(*m_clock);
     const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
     const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes

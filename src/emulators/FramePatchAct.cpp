@@ -69,12 +69,6 @@ std::optional<Message> switchPs3(const QString &file, const QList<PS3PatchUse> &
     return writeNew(file, edit({}).value_or(QByteArray())) ? std::nullopt : std::optional(notWritten(file));
 }
 
-bool listIsThere(const FramePatchGame &game, const Places &places)
-{
-    return QFileInfo::exists(game.emulatorID == "rpcs3"_L1 ? ps3ListFile(game.folders)
-                                                           : ps4CacheFolder(places) + u"/index.json"_s);
-}
-
 FramePatchOutcome applyPs3(const FramePatchGame &game, bool on, const Places &places)
 {
     const QString file = switchFile(game, places.host);
@@ -130,6 +124,12 @@ FramePatchOutcome applyPs4(const FramePatchGame &game, bool on, const Places &pl
             listIsThere(game, places) ? noPs4Patch(identity->version) : patchListMissing(game.emulatorID);
     return outcome;
 }
+}
+
+bool listIsThere(const FramePatchGame &game, const Places &places)
+{
+    return QFileInfo::exists(game.emulatorID == "rpcs3"_L1 ? ps3ListFile(game.folders)
+                                                           : ps4CacheFolder(places) + u"/index.json"_s);
 }
 
 Message patchListMissing(const QString &emulatorID)

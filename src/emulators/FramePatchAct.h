@@ -13,6 +13,8 @@ struct FramePatchGame {
     EmulatorFolders folders; ///< of the copy that plays it
 };
 
+bool listIsThere(const FramePatchGame &game, const Places &places); ///< of patches for this game's console; quick
+
 /// Said when there is no list at all.
 Message patchListMissing(const QString &emulatorID);
 

@@ -116,7 +116,7 @@ void FramePatches::prepare(const QString &consoleID, std::function<void()> ready
 {
     if (!hasPatches(consoleID)) return ready();
     const FramePatchGame any{emulatorOf(consoleID), {}, foldersFor(consoleID)};
-    if (listState(any, m_places, m_clock.now()).present) return ready();
+    if (listIsThere(any, m_places)) return ready();
     // Whichever comes first.
     struct Wait {
         std::function<void()> ready;

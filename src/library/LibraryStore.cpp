@@ -380,6 +380,11 @@ void LibraryStore::programStarted(const GameLaunch::Order &order, const StartedG
 
 // Sessions
 
+void LibraryStore::goBackTo(const QString &id)
+{
+    if (m_running.contains(id)) emit backToGameWanted(id);
+}
+
 void LibraryStore::setPaused(const QString &id, bool paused)
 {
     m_sessions.setPaused(id, paused);

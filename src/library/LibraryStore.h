@@ -94,6 +94,7 @@ public:
     void launchWithoutAsking(const QString &id);
     Q_INVOKABLE void resume(const QString &id); ///< the same, from the game's last save state
     Q_INVOKABLE void cancelLaunch(); ///< a program that starts all the same is asked to quit
+    Q_INVOKABLE void goBackTo(const QString &id); ///< brings a running game to the front; another one is left alone
     void setPaused(const QString &id, bool paused); ///< the play time of a paused game stands still
     void expectEnd(qint64 pid); ///< the user ends the program: it is no failure, however short the session was
     void endSession(qint64 pid); ///< the program counts as ended, even if the system has not noticed or can't end it
@@ -121,6 +122,7 @@ signals:
     void launchingChanged();
     void setAsideChanged();
     void gameStarted(const QString &id, const StartedGame &program);
+    void backToGameWanted(const QString &id);
     void launchFailed(const QString &id, const Message &why);
     void launchCancelled(const QString &id);
     /// After the session is counted and saved. `closedAtOnce` follows when it was too short.

@@ -4,7 +4,6 @@
 #include "play/EmulatorHabits.h"
 #include "play/GameWindow.h"
 #include "play/PlacementLog.h"
-#include "play/PlayTarget.h"
 
 #include <algorithm>
 #include <array>
@@ -22,9 +21,9 @@ static constexpr std::array checks{12s, 16s, 22s};
 static constexpr auto lastCheck = 16s; ///< after it the game counts as ended, whatever it does
 static constexpr auto stragglerPatience = 1s;
 
-GameQuit::GameQuit(const GameReach &reach, const RunningGame &game, std::function<void()> changed,
+GameQuit::GameQuit(const GameReach &reach, const RunningGame &game, Request request, std::function<void()> changed,
                    std::function<void()> finished)
-    : m_reach(reach), m_game(game), m_changed(std::move(changed)), m_finished(std::move(finished))
+    : m_reach(reach), m_game(game), m_request(request), m_changed(std::move(changed)), m_finished(std::move(finished))
 { }
 
 void GameQuit::start()
@@ -41,17 +40,17 @@ void GameQuit::start()
     m_looks = m_reach.clock.every(lookEvery, [this] { look(); });
 }
 
-// A stopped program takes no request, so it goes on first. There is never a second request: many emulators end at once,
-// without saving, at the second. It goes to whoever draws the window, since a wrapper around the emulator, as that of a
-// Flatpak, would pass nothing on.
+// A stopped program takes no request, so it goes on first. There is never a second signal. It goes to whoever draws the
+// window, since a wrapper around the emulator, as that of a Flatpak, would pass nothing on.
 void GameQuit::askPolitely()
 {
     m_reach.processes.thaw(m_game.pid);
-    const auto target = playTarget(m_reach.windows.displays(), {});
-    const auto state = probeGameWindow(m_reach.windowsOf(m_game.pid), target, m_reach.host);
-    if (state && endsByItsWindow(m_game.engine)) return m_reach.windows.requestClose(state->window.id);
-    const bool ownWindow = state && m_processes.contains(state->window.pid);
-    m_reach.processes.askToQuit(ownWindow ? state->window.pid : m_game.pid);
+    const auto window = findGameWindow(m_reach.windowsOf(m_game.pid));
+    const bool again = m_request == Request::again;
+    if (window && (again || endsByItsWindow(m_game.engine))) return m_reach.windows.requestClose(window->id);
+    if (again) return;
+    const bool ownWindow = window && m_processes.contains(window->pid);
+    m_reach.processes.askToQuit(ownWindow ? window->pid : m_game.pid);
 }
 
 std::optional<AppWindow> GameQuit::newQuestion() const
@@ -65,15 +64,17 @@ void GameQuit::look()
 {
     if (!m_reach.processes.isAlive(m_game.pid)) return sweep();
     watchWrites();
+    if (std::exchange(m_secondsTold, secondsLeft()) != secondsLeft()) m_changed();
     if (m_handedOver)
         watchQuestion();
     else
-        insist();
-    if (m_finished && std::exchange(m_secondsTold, secondsLeft()) != secondsLeft()) m_changed();
+        insist(); // last: it may finish, and that be the end of this
 }
 
 void GameQuit::watchWrites()
 {
+    // The number of one that has ended may soon be that of another program.
+    m_processes.removeIf([this](qint64 pid) { return !m_reach.processes.isAlive(pid); });
     for (const qint64 pid : m_reach.processes.tree(m_game.pid))
         m_processes.insert(pid);
     const qint64 written = m_reach.processes.bytesWritten(m_game.pid);

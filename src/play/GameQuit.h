@@ -12,9 +12,13 @@
 /// but not while it saves; and leaves no process of it behind.
 class GameQuit {
 public:
+    /// `again`: it has been asked before, and went on. Many emulators end at once, without saving, at a second signal,
+    /// so only its window is closed this time.
+    enum class Request { first, again };
+
     /// `changed` tells of the answers below. `finished` comes once, never from inside `start`, when the game has ended
     /// or nothing can end it; it may destroy this.
-    GameQuit(const GameReach &reach, const RunningGame &game, std::function<void()> changed,
+    GameQuit(const GameReach &reach, const RunningGame &game, Request request, std::function<void()> changed,
              std::function<void()> finished);
 
     void start();
@@ -44,6 +48,7 @@ private:
 
     GameReach m_reach;
     RunningGame m_game;
+    Request m_request;
     std::function<void()> m_changed;
     std::function<void()> m_finished;
     Timer m_looks;

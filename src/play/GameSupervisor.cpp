@@ -33,7 +33,7 @@ void GameSupervisor::startWatching(const RunningGame &game, const WatchOptions &
         m_endings.push_back(std::move(m_quit));
     }
     m_game = game;
-    m_paused = false;
+    m_paused = m_wentOn = false;
     const QList<Monitor> displays = m_reach.windows.displays();
     const auto active = m_reach.windows.activeWindow();
     m_placement.displayName =
@@ -147,8 +147,9 @@ std::unique_ptr<GameQuit> GameSupervisor::makeQuit()
 {
     const qint64 pid = m_game->pid;
     m_library.expectEnd(pid);
+    const auto request = m_wentOn ? GameQuit::Request::again : GameQuit::Request::first;
     return std::make_unique<GameQuit>(
-        m_reach, *m_game, [this] { emit changed(); }, [this, pid] { finishQuit(pid); });
+        m_reach, *m_game, request, [this] { emit changed(); }, [this, pid] { finishQuit(pid); });
 }
 
 void GameSupervisor::finishQuit(qint64 pid)
@@ -168,6 +169,7 @@ void GameSupervisor::endHandOver()
 {
     if (!handedOver()) return;
     m_quit.reset();
+    m_wentOn = true;
     emit changed();
 }
 

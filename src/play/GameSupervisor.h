@@ -74,5 +74,6 @@ private:
     Timer m_rewatch; ///< until the desktop has settled after a change of displays
     std::unique_ptr<GameWatcher> m_watcher; ///< of `m_game`, until its window is left alone
     std::unique_ptr<GameQuit> m_quit; ///< of `m_game`
+    bool m_wentOn = false; ///< `m_game` was asked to end before, and the user wanted it back
     std::vector<std::unique_ptr<GameQuit>> m_endings; ///< of cancelled launches, and of games that were quit before
 };

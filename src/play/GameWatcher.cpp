@@ -25,7 +25,7 @@ GameWatcher::GameWatcher(const GameReach &reach, const RunningGame &game, const 
 
 bool GameWatcher::starting() const
 {
-    return questionOpen() || (m_occasion == Occasion::start && m_look == 1);
+    return questionOpen() || (m_occasion == Occasion::start && m_look == 1 && !m_placed);
 }
 
 PlayTarget GameWatcher::target() const

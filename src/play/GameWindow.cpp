@@ -32,12 +32,18 @@ static bool isFullScreen(const AppWindow &window, const QRect &display, Host hos
     return host == Host::mac ? covering || window.fullScreen : covering && window.fullScreen;
 }
 
-std::optional<WindowState> probeGameWindow(const QList<AppWindow> &windows, const PlayTarget &target, Host host)
+std::optional<AppWindow> findGameWindow(const QList<AppWindow> &windows)
 {
     const AppWindow *game = nullptr;
     for (const AppWindow &window : windows) {
         if (isGame(window) && (!game || area(window.geometry.size()) > area(game->geometry.size()))) game = &window;
     }
+    return game ? std::optional(*game) : std::nullopt;
+}
+
+std::optional<WindowState> probeGameWindow(const QList<AppWindow> &windows, const PlayTarget &target, Host host)
+{
+    const auto game = findGameWindow(windows);
     if (!game) return {};
     const QRect &display = target.display.geometry;
     return WindowState{*game, display.contains(game->geometry.center()), isFullScreen(*game, display, host)};

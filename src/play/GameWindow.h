@@ -18,6 +18,7 @@ struct WindowState {
 
 /// The game's window among those of its processes: the largest that is no question and exceeds 100 points both ways,
 /// the oldest of equally large ones. Nothing: there is none yet.
+std::optional<AppWindow> findGameWindow(const QList<AppWindow> &windows);
 std::optional<WindowState> probeGameWindow(const QList<AppWindow> &windows, const PlayTarget &target, Host host);
 
 /// Whether a window is too small for a game: a splash or a loader.

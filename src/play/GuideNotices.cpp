@@ -29,10 +29,9 @@ void GuideNotices::hide()
     if (!m_hud) return;
     ++m_hudToken;
     m_hud.reset();
+    m_end.reset();
     m_countdown.reset();
     emit changed();
-    // Last: the caller may be its own call, which goes with it.
-    m_end.reset();
 }
 
 void GuideNotices::hide(int hudToken)

@@ -175,8 +175,8 @@ void GuideOverlay::frozenChanged()
 /// A game that waits goes on when the user brings its window to the front.
 void GuideOverlay::activeChanged()
 {
-    if (m_open || !m_session || !m_parts.freezer.frozenPID()) return;
-    if (m_reach.isInFront(m_session->pid)) m_parts.freezer.thaw();
+    const auto frozen = m_parts.freezer.frozenPID(); // perhaps an earlier game than that of the session
+    if (!m_open && frozen && m_reach.isInFront(*frozen)) m_parts.freezer.thaw();
 }
 
 void GuideOverlay::goBackToGame()
@@ -194,9 +194,7 @@ void GuideOverlay::activateGame()
 std::optional<AppWindow> GuideOverlay::gameWindow() const
 {
     if (!m_session) return {};
-    const auto windows = m_reach.windows.windowsOf(m_reach.processes.tree(m_session->pid));
-    const auto state = probeGameWindow(windows, playTarget(m_reach.windows.displays(), {}), m_reach.host);
-    return state ? std::optional(state->window) : std::nullopt;
+    return findGameWindow(m_reach.windows.windowsOf(m_reach.processes.tree(m_session->pid)));
 }
 
 QString GuideOverlay::display() const

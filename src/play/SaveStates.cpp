@@ -7,7 +7,7 @@
 #include "platform/ProcessControl.h"
 #include "platform/Tasks.h"
 #include "platform/Windows.h"
-#include "play/FrontWindow.h"
+#include "play/GameWindow.h"
 #include "play/MenuCommand.h"
 #include "play/StateTalk.h"
 
@@ -148,7 +148,7 @@ void SaveStates::askInterface()
 void SaveStates::pressKey()
 {
     const auto &facts = m_command->facts;
-    const auto window = frontWindow(m_reach.windows.windowsOf(m_command->pids));
+    const auto window = findGameWindow(m_reach.windows.windowsOf(m_command->pids));
     if (!window || !(m_command->what == StateCommand::save ? facts.save : facts.load)) return asked(false);
     m_command->window = window->id;
     m_command->end = m_reach.clock.awake() + inFrontWithin;

@@ -5,7 +5,7 @@
 #include "platform/ScreenCapture.h"
 #include "platform/Tasks.h"
 #include "platform/Windows.h"
-#include "play/FrontWindow.h"
+#include "play/GameWindow.h"
 #include "play/ScreenshotFiles.h"
 
 #include <QSaveFile>
@@ -32,7 +32,7 @@ void Screenshots::take(const std::optional<RunningGame> &game, bool afterOverlay
 
 QImage Screenshots::picture(const RunningGame &game)
 {
-    if (const auto window = frontWindow(m_windows.windowsOf(m_processes.tree(game.pid)))) {
+    if (const auto window = findGameWindow(m_windows.windowsOf(m_processes.tree(game.pid)))) {
         const QImage picture = m_capture.window(window->id);
         if (!picture.isNull()) return picture;
     }

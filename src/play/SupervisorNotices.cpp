@@ -43,7 +43,7 @@ void SupervisorNotices::update()
     if (m_shown == before) return;
     if (m_shown != Topic::nothing)
         m_hudToken = m_notices.show(notice(m_shown));
-    else if (before == Topic::introduction && m_supervisor.game() && m_notices.shows(m_hudToken))
+    else if (before == Topic::introduction && m_game && m_supervisor.game() && m_notices.shows(m_hudToken))
         m_hudToken = m_notices.show(notice(Topic::introduction), 5s);
     else
         m_notices.hide(m_hudToken);

@@ -99,6 +99,7 @@ void WindowPlacer::bringForward(quint64 window)
 {
     m_reach.windows.activate(window);
     m_next = m_reach.clock.after(350ms, [this, window] {
+        if (m_paused) return again(500ms);
         m_reach.windows.activate(window);
         m_next = m_reach.clock.after(300ms, [this] { judgeFocus(); });
     });

@@ -261,6 +261,7 @@ void GameFacts::setPageTab(const QString &tab)
 
 void GameFacts::play()
 {
+    if (running()) return m_library.goBackTo(m_gameID);
     m_library.launch(m_gameID);
 }
 

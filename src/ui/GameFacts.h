@@ -106,7 +106,7 @@ public:
     void setPageTab(const QString &tab);
 
     Q_INVOKABLE void measure(); ///< finds out how large the game is, in the background
-    Q_INVOKABLE void play();
+    Q_INVOKABLE void play(); ///< of a running game: back to it
     Q_INVOKABLE void cancel(); ///< the launch under way
     Q_INVOKABLE void continueFromState();
     Q_INVOKABLE void toggleFavorite();

@@ -1,6 +1,7 @@
 #include "ui/HomeFacts.h"
 
 #include "app/Translator.h"
+#include "ui/CopyText.h"
 #include "ui/HomeGames.h"
 #include "ui/PlayDayBars.h"
 #include "ui/models/PlayTimeText.h"
@@ -11,9 +12,10 @@ using namespace Qt::StringLiterals;
 
 static constexpr int shelfLength = 24;
 
-HomeFacts::HomeFacts(const GameFacts::Sources &sources, QObject *parent)
-    : QObject(parent), m_library(sources.library), m_translator(sources.translator), m_clock(sources.clock),
-      m_hero(sources), m_recent(sources.library, sources.host), m_favorites(sources.library, sources.host)
+HomeFacts::HomeFacts(const GameFacts::Sources &sources, const Places &places, QObject *parent)
+    : QObject(parent), m_places(places), m_library(sources.library), m_translator(sources.translator),
+      m_clock(sources.clock), m_hero(sources), m_recent(sources.library, sources.host),
+      m_favorites(sources.library, sources.host)
 {
     connect(&m_library, &LibraryStore::gamesChanged, this, &HomeFacts::update);
     connect(&m_library, &LibraryStore::libraryReplaced, this, &HomeFacts::update);
@@ -31,7 +33,10 @@ void HomeFacts::setActive(bool active)
 
 QString HomeFacts::folders() const
 {
-    return m_library.romFolders().join(u'\n');
+    QStringList lines;
+    for (const QString &folder : m_library.romFolders())
+        lines += fromHome(folder, m_places);
+    return lines.join(u'\n');
 }
 
 void HomeFacts::update()

@@ -19,7 +19,7 @@ class HomeFacts : public QObject {
     Q_PROPERTY(QVariantList week READ week NOTIFY changed)
     Q_PROPERTY(QString weekTime READ weekTime NOTIFY changed)
 public:
-    explicit HomeFacts(const GameFacts::Sources &sources, QObject *parent = nullptr);
+    HomeFacts(const GameFacts::Sources &sources, const Places &places, QObject *parent = nullptr);
 
     void setActive(bool active);
     bool hasGames() const { return m_library.count() > 0; }
@@ -28,7 +28,7 @@ public:
     ShelfModel *recent() { return &m_recent; }
     QString recentTitle() const { return m_recentTitle; }
     ShelfModel *favorites() { return &m_favorites; }
-    QString folders() const; ///< those that are scanned, one in each line
+    QString folders() const; ///< those that are scanned, one in each line, as people read them
     QVariantList week() const { return m_week; } ///< the last seven days for `Bars`
     QString weekTime() const { return m_weekTime; }
 
@@ -40,6 +40,7 @@ signals:
 private:
     void update();
 
+    const Places &m_places;
     const LibraryStore &m_library;
     const Translator &m_translator;
     const Clock &m_clock;

@@ -23,6 +23,7 @@
 #include "ui/Notices.h"
 #include "ui/PadNavigation.h"
 #include "ui/PlayDayBars.h"
+#include "ui/PlaySettings.h"
 #include "ui/PointerHider.h"
 #include "ui/ProfileFacts.h"
 #include "ui/QmlTypes.h"
@@ -48,7 +49,7 @@ struct VelkoWindow::Content {
     Content(const WindowParts &given, std::unique_ptr<WindowShell> shown)
         : parts(given), sources{given.library, given.emulators, given.preferences, given.translator,
                                 given.clock,   given.tasks,     given.workspace,   given.places.host},
-          opener(given.places, given.workspace), home(sources), openGame(sources),
+          opener(given.places, given.workspace), home(sources, given.places), openGame(sources),
           gameEmulator(given.emulators, given.preferences, opener, given.changes, given.translator, given.places),
           shownEmulator(given.emulators, given.preferences, opener, given.changes, given.translator, given.places),
           bios(given.bios, given.emulators, given.translator, given.places),
@@ -75,6 +76,7 @@ struct VelkoWindow::Content {
     ProfileFacts profile;
     ScreenshotGallery gallery;
     FolderList folders;
+    PlaySettings settings{parts.preferences, parts.translator};
     LibraryLists lists;
     QQmlEngine engine;
     const std::unique_ptr<WindowShell> shell;
@@ -142,6 +144,7 @@ bool VelkoWindow::load()
                                  {u"notices"_s, QVariant::fromValue(&content.notices)},
                                  {u"profile"_s, QVariant::fromValue(&content.profile)},
                                  {u"gallery"_s, QVariant::fromValue(&content.gallery)},
+                                 {u"settings"_s, QVariant::fromValue(&content.settings)},
                                  {u"folders"_s, QVariant::fromValue(&content.folders)}};
     QQmlComponent component(&content.engine, page(u"Main.qml"_s));
     content.pages.reset(qobject_cast<QQuickItem *>(component.createWithInitialProperties(properties)));

@@ -81,6 +81,13 @@ QList<DesktopWindow> Desktop::windows() const
     return list;
 }
 
+std::optional<DesktopWindow> Desktop::active() const
+{
+    const quint32 window = numbers(m_root, "_NET_ACTIVE_WINDOW").value(0);
+    if (window == 0) return {};
+    return described(window);
+}
+
 void Desktop::close(quint32 window)
 {
     xcb_client_message_event_t message{};

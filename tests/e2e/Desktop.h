@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QRect>
 #include <memory>
+#include <optional>
 
 struct xcb_connection_t;
 
@@ -26,6 +27,7 @@ public:
     bool hasWindowManager() const;
     QSize size() const;
     QList<DesktopWindow> windows() const; ///< in the order in which they appeared
+    std::optional<DesktopWindow> active() const; ///< the one that has the keyboard
     void close(quint32 window); ///< asks politely, as the window's close button does
     QImage picture() const; ///< the whole screen
 

@@ -22,11 +22,21 @@ static QByteArray content(const QString &path)
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-bool isRunning(qint64 pid)
+/// As the kernel names it; "Z" when there is no such program.
+static char stateOf(qint64 pid)
 {
     const QByteArray stat = content(u"/proc/%1/stat"_s.arg(pid));
-    const char state = stat.mid(stat.lastIndexOf(')') + 2, 1).append('Z').front();
-    return state != 'Z' && state != 'X';
+    return stat.mid(stat.lastIndexOf(')') + 2, 1).append('Z').front();
+}
+
+bool isRunning(qint64 pid)
+{
+    return stateOf(pid) != 'Z' && stateOf(pid) != 'X';
+}
+
+bool isStopped(qint64 pid)
+{
+    return stateOf(pid) == 'T';
 }
 
 QString commandLine(qint64 pid)

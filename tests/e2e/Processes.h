@@ -15,5 +15,8 @@ QString commandLine(qint64 pid);
 /// Whether the program is there and has not ended.
 bool isRunning(qint64 pid);
 
+/// Whether the program was stopped and waits to go on.
+bool isStopped(qint64 pid);
+
 /// Ends it and everything below it at once, and waits until they are gone.
 void killTree(qint64 pid);

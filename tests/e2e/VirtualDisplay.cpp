@@ -12,80 +12,17 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-static const QByteArray twoOutputs = R"(
-Section "ServerFlags"
-    Option "AutoAddDevices" "false"
-    Option "AutoAddGPU" "false"
-    Option "DontVTSwitch" "true"
-EndSection
-Section "Device"
-    Identifier "device"
-    Driver "dummy"
-    VideoRam 256000
-EndSection
-Section "Monitor"
-    Identifier "monitor"
-    HorizSync 5-1000
-    VertRefresh 5-200
-EndSection
-Section "Screen"
-    Identifier "screen"
-    Device "device"
-    Monitor "monitor"
-    DefaultDepth 24
-    SubSection "Display"
-        Depth 24
-        Virtual 2560 720
-    EndSubSection
-EndSection
-)";
-
-VirtualDisplay::VirtualDisplay(Screens screens, const QString &windowManager)
+VirtualDisplay::VirtualDisplay(XServer::Kind kind, const QString &windowManager) : m_server(kind, QString())
 {
     adoptOrphans();
     QDir().mkpath(home());
     QDir().mkpath(m_folder.filePath(u"run"_s));
     QFile::setPermissions(m_folder.filePath(u"run"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    const QByteArray number = startServer(screens);
-    if (number.isEmpty()) return;
-    m_display = ':' + number;
-    if (screens == Screens::twoOutputs && !addOutputs()) return;
-    m_busAddress = start(m_bus, u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address=1"_s});
-    m_windowManager.setProcessEnvironment(environment());
-    m_windowManager.setStandardErrorFile(QProcess::nullDevice());
-    m_windowManager.start(windowManager,
-                          windowManager == "openbox"_L1 ? QStringList{u"--sm-disable"_s} : QStringList());
-    m_desktop = std::make_unique<Desktop>(m_display);
-    waitFor(20s, [this] { return m_desktop->hasWindowManager(); });
-}
-
-QByteArray VirtualDisplay::startServer(Screens screens)
-{
-    QStringList arguments{u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s, u"-noreset"_s};
-    if (screens == Screens::one)
-        return start(m_server, u"Xvfb"_s, arguments + QStringList{u"-screen"_s, u"0"_s, u"1280x720x24"_s});
-    const QString configuration = write(u"xorg.conf"_s, twoOutputs);
-    arguments +=
-        {u"-config"_s, configuration, u"-novtswitch"_s, u"-sharevts"_s, u"-logfile"_s, home() + u"/xorg.log"_s};
-    return start(m_server, u"Xorg"_s, arguments);
-}
-
-bool VirtualDisplay::addOutputs()
-{
-    const QString mode = u"720p"_s;
-    return setOutputs({u"--newmode"_s, mode, u"74.25"_s, u"1280"_s, u"1390"_s, u"1430"_s, u"1650"_s, u"720"_s, u"725"_s,
-                       u"730"_s, u"750"_s})
-        && setOutputs({u"--addmode"_s, u"DUMMY0"_s, mode}) && setOutputs({u"--addmode"_s, u"DUMMY1"_s, mode})
-        && setOutputs({u"--output"_s, u"DUMMY0"_s, u"--mode"_s, mode, u"--pos"_s, u"0x0"_s, u"--primary"_s,
-                       u"--output"_s, u"DUMMY1"_s, u"--mode"_s, mode, u"--pos"_s, u"1280x0"_s});
-}
-
-bool VirtualDisplay::setOutputs(const QStringList &arguments) const
-{
-    QProcess xrandr;
-    xrandr.setProcessEnvironment(environment());
-    xrandr.start(u"xrandr"_s, arguments);
-    return xrandr.waitForFinished(10000) && xrandr.exitStatus() == QProcess::NormalExit && xrandr.exitCode() == 0;
+    if (!m_server.isReady()) return;
+    startBus();
+    if (!m_server.manage(windowManager, environment()))
+        return; // some window managers ask for their settings on the bus
+    m_desktop = std::make_unique<Desktop>(m_server.display());
 }
 
 VirtualDisplay::~VirtualDisplay()
@@ -93,25 +30,27 @@ VirtualDisplay::~VirtualDisplay()
     m_desktop.reset();
     for (const qint64 pid : programs())
         killTree(pid);
-    for (QProcess *service : {&m_windowManager, &m_bus, &m_server}) {
-        if (service->state() == QProcess::NotRunning) continue;
-        for (const qint64 pid : descendants(service->processId()))
-            kill(pid_t(pid), SIGKILL);
-        service->kill();
-        service->waitForFinished(2000);
-    }
+    for (const qint64 pid : descendants(m_bus.processId()))
+        kill(pid_t(pid), SIGKILL);
+    m_bus.kill();
+    m_bus.waitForFinished(2000);
     while (waitpid(-1, nullptr, WNOHANG) > 0) { } // orphans that were adopted
 }
 
-/// Starts a service that ends with this program, and waits for the one line that it tells about itself.
-QByteArray VirtualDisplay::start(QProcess &service, const QString &program, const QStringList &arguments)
+/// A message bus that ends with this program.
+void VirtualDisplay::startBus()
 {
-    service.setProcessEnvironment(environment());
-    service.setStandardErrorFile(QProcess::nullDevice());
-    service.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
-    service.start(program, arguments);
-    waitFor(20s, [&] { return service.canReadLine() || service.state() == QProcess::NotRunning; });
-    return service.readLine().trimmed();
+    m_bus.setProcessEnvironment(environment());
+    m_bus.setStandardErrorFile(QProcess::nullDevice());
+    m_bus.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    m_bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address=1"_s});
+    waitFor(20s, [this] { return m_bus.canReadLine() || m_bus.state() == QProcess::NotRunning; });
+    m_busAddress = m_bus.readLine().trimmed();
+}
+
+bool VirtualDisplay::run(const QString &program, const QStringList &arguments) const
+{
+    return m_server.run(program, arguments);
 }
 
 QProcessEnvironment VirtualDisplay::environment() const
@@ -124,7 +63,7 @@ QProcessEnvironment VirtualDisplay::environment() const
     insert("LANG", u"C.UTF-8"_s);
     insert("HOME", home());
     insert("XDG_RUNTIME_DIR", m_folder.filePath(u"run"_s));
-    insert("DISPLAY", QString::fromLatin1(m_display));
+    insert("DISPLAY", QString::fromLatin1(m_server.display()));
     insert("DBUS_SESSION_BUS_ADDRESS", QString::fromLatin1(m_busAddress));
     insert("SDL_AUDIODRIVER", u"dummy"_s); // mGBA stands still when there is no sound device
     for (const char *kept : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "TZ"})
@@ -135,8 +74,10 @@ QProcessEnvironment VirtualDisplay::environment() const
 QList<qint64> VirtualDisplay::programs() const
 {
     QList<qint64> all = descendants(QCoreApplication::applicationPid());
-    for (const QProcess *service : {&m_server, &m_bus, &m_windowManager}) {
-        const QList<qint64> own = QList<qint64>{service->processId()} + descendants(service->processId());
+    QList<qint64> services = m_server.processes();
+    services += m_bus.processId();
+    for (const qint64 service : std::as_const(services)) {
+        const QList<qint64> own = QList<qint64>{service} + descendants(service);
         all.removeIf([&](qint64 pid) { return own.contains(pid); });
     }
     return all;

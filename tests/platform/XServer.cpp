@@ -123,7 +123,7 @@ static bool manages(XConnection &connection, xcb_window_t probe, QDeadlineTimer 
     return numbersOf(connection.reply(xcb_get_property_reply, asked)).contains(probe);
 }
 
-bool XServer::manage(const QString &windowManager)
+bool XServer::manage(const QString &windowManager, const QProcessEnvironment &environment)
 {
     if (m_windowManager.state() != QProcess::NotRunning) {
         m_windowManager.kill();
@@ -132,7 +132,7 @@ bool XServer::manage(const QString &windowManager)
     XConnection connection(m_display);
     xcb_delete_property(connection, connection.root(), connection.atom("_NET_CLIENT_LIST"));
     dieWithTest(m_windowManager);
-    m_windowManager.setProcessEnvironment(environment());
+    m_windowManager.setProcessEnvironment(environment.isEmpty() ? this->environment() : environment);
     m_windowManager.start(windowManager, {});
     const xcb_window_t probe = xcb_generate_id(connection);
     xcb_create_window(connection, XCB_COPY_FROM_PARENT, probe, connection.root(), 0, 0, 9, 9, 0,

@@ -15,9 +15,13 @@ public:
 
     bool isReady() const { return m_ready; }
     const QByteArray &display() const { return m_display; }
+    QList<qint64> processes() const { return {m_server.processId(), m_windowManager.processId()}; }
     QProcessEnvironment environment() const; ///< for programs on this display
     bool run(const QString &program, const QStringList &arguments) const; ///< and waits for its success
-    bool manage(const QString &windowManager); ///< starts it, instead of the present one; waits until it manages
+    /// Its environment is that of other programs, unless another one is given.
+    bool manage(
+        const QString &windowManager,
+        const QProcessEnvironment &environment = {}); ///< starts it, instead of the present one; waits until it manages
     QString startBus(); ///< a message bus for the programs that start from now on; its address
     void kill(); ///< the server only
 

@@ -135,6 +135,20 @@ TEST_F(Quitting, givesUpOnWhatCannotBeKilled)
     EXPECT_EQ(house.clock.pending(), 0);
 }
 
+TEST_F(Quitting, leavesAloneWhoeverHasGotTheNumberOfAHelperThatEnded)
+{
+    begin(u"retroarch"_s);
+    addProcess(501, pid);
+    house.processes.stubborn = {pid};
+    supervisor.quit();
+    house.processes.processes.erase(501);
+    advance(1s);
+    addProcess(501, 1);
+    advance(10s);
+    EXPECT_FALSE(house.processes.isAlive(pid));
+    EXPECT_TRUE(house.processes.isAlive(501));
+}
+
 TEST_F(Quitting, leavesNoProcessBehind)
 {
     begin(u"dolphin"_s);
@@ -236,6 +250,13 @@ TEST_F(Quitting, endsWhenTheUserWantsTheGameBack)
     advance(5min);
     EXPECT_TRUE(house.processes.isAlive(pid));
     EXPECT_EQ(supervisor.game()->pid, pid);
+
+    windows.close(question);
+    windows.unclosable = {gameWindow};
+    supervisor.quit();
+    EXPECT_EQ(windows.closeRequests, QList<quint64>{gameWindow});
+    EXPECT_NEAR(double(life().count()), 4250, 300);
+    EXPECT_EQ(house.processes.asked, Asked{pid}) << "a second signal would end it without saving";
 }
 
 TEST_F(Quitting, goesOnQuietlyWhenTheNextGameStarts)

@@ -235,6 +235,21 @@ TEST_F(GuideOverlayTest, backToVelkoKeepsTheGameUntilTheUserGoesBackToIt)
     EXPECT_TRUE(house.processes.frozen.empty());
 }
 
+TEST_F(GuideOverlayTest, anEarlierGameThatWaitsGoesOnInFrontAlsoAfterALaterOneHasEnded)
+{
+    start();
+    chord();
+    choose(GuideItem::library);
+    windows.becomeActive(velkoWindow);
+    play(u"dolphin"_s, 600);
+    guide.begin(*supervisor.game());
+    end(600);
+    EXPECT_FALSE(guide.session());
+    EXPECT_TRUE(frozen());
+    windows.becomeActive(gameWindow);
+    EXPECT_TRUE(house.processes.frozen.empty());
+}
+
 TEST_F(GuideOverlayTest, endOfTheGameTakesEverythingWithIt)
 {
     start();
@@ -393,6 +408,14 @@ TEST_F(GuideOverlayTest, saysHowToReachTheMenuWhileTheGameStarts)
     advance(60s);
     EXPECT_EQ(notice(), QString());
     EXPECT_EQ(house.clock.pending(), 1); // the play clock
+}
+
+TEST_F(GuideOverlayTest, saysNothingMoreOfAGameThatEndsWhileItStarts)
+{
+    play(u"mgba"_s);
+    guide.begin(*supervisor.game());
+    end(pid);
+    EXPECT_EQ(notice(), QString());
 }
 
 TEST_F(GuideOverlayTest, backCancelsALaunch)

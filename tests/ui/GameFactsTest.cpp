@@ -120,7 +120,7 @@ TEST(HomeFacts, followTheLibraryOnlyWhileHomeIsShown)
     FactsHouse house;
     const double now = ReferenceDate::from(house.clock.now()).seconds;
     house.add(u"Old"_s, u"gba"_s, now - 90000);
-    HomeFacts home(house.sources());
+    HomeFacts home(house.sources(), house.places);
     EXPECT_EQ(home.hero()->title(), QString());
     home.setActive(true);
     EXPECT_EQ(home.hero()->title(), u"Old"_s);
@@ -142,7 +142,7 @@ TEST(HomeFacts, addTheWeekOfAllGames)
         game.daily = {{u"2026-03-07"_s, 99999}, {u"2026-03-08"_s, seconds}};
         house.store->add({game});
     }
-    HomeFacts home(house.sources());
+    HomeFacts home(house.sources(), house.places);
     home.setActive(true);
     EXPECT_EQ(home.weekTime(), u"2 h 00 min"_s);
     EXPECT_EQ(home.week().first().toMap()[u"label"_s], u"Sun"_s);

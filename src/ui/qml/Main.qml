@@ -20,6 +20,7 @@ FocusScope {
     required property BiosFacts bios
     required property Notices notices
     required property FolderList folders
+    required property PlaySettings settings
     required property ProfileFacts profile
     required property ScreenshotGallery gallery
     readonly property bool modal: overlays.busy
@@ -123,6 +124,7 @@ FocusScope {
         bios: root.bios
         notices: root.notices
         folders: root.folders
+        settings: root.settings
         gallery: root.gallery
     }
     Loader {

@@ -19,8 +19,7 @@ FocusScope {
             kind: "primary"
             size: root.size
             icon: "play"
-            text: root.game.running ? Tr.translate("Playing…") : Tr.translate("Play")
-            available: !root.game.running
+            text: root.game.running ? Tr.translate("Back to the game") : Tr.translate("Play")
             onActivated: root.game.play()
         }
         TextButton {

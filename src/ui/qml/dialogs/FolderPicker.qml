@@ -98,6 +98,9 @@ Sheet {
                         function onListed() { list.currentIndex = root.folders.startRow }
                     }
                     Pad.confirm: count > 0 ? Tr.translate("Open") : ""
+                    // Not "Cancel", which is nearer.
+                    KeyNavigation.down: take.available ? take : null
+                    KeyNavigation.priority: KeyNavigation.AfterItem
                     Keys.onReturnPressed: (currentItem as FolderRow)?.activated()
                     Keys.onEnterPressed: (currentItem as FolderRow)?.activated()
                     delegate: FolderRow {
@@ -122,6 +125,7 @@ Sheet {
             onActivated: root.closed()
         }
         TextButton {
+            id: take
             size: 52
             textSize: 15.5
             kind: "primary"

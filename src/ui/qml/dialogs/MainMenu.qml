@@ -49,6 +49,16 @@ FocusScope {
             ListRow {
                 width: parent.width
                 focus: true
+                icon: "settings"
+                text: Tr.translate("Settings…")
+                value: "Ctrl+,"
+                onActivated: {
+                    root.closed()
+                    root.app.settings = true
+                }
+            }
+            ListRow {
+                width: parent.width
                 icon: "update"
                 text: Tr.translate("Check for Updates…")
                 onActivated: {

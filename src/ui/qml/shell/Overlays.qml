@@ -14,10 +14,11 @@ FocusScope {
     required property BiosFacts bios
     required property Notices notices
     required property FolderList folders
+    required property PlaySettings settings
     required property ScreenshotGallery gallery
     property string wanted ///< by the user: "menu", "about", "folder", "remove", "rename", "emulator", "files"; empty: none
     readonly property string shown: alerts.missingText !== "" ? "missing" : questions.controllerTitle !== "" ? "controller"
-        : questions.setupText !== "" ? "setup" : alerts.errorText !== "" ? "error" : app.report ? "report"
+        : questions.setupText !== "" ? "setup" : alerts.errorText !== "" ? "error" : app.report ? "report" : app.settings ? "settings"
         : wanted !== "" ? wanted : gallery.viewing || gallery.asking ? "shots" : ""
     readonly property bool busy: shown !== ""
 
@@ -33,7 +34,7 @@ FocusScope {
         active: root.busy
         sourceComponent: root.shown === "missing" ? missing : root.shown === "controller" ? controller
             : root.shown === "setup" ? setup : root.shown === "error" ? error
-            : root.shown === "report" ? report : root.shown === "menu" ? menu : root.shown === "about" ? about
+            : root.shown === "report" ? report : root.shown === "settings" ? settingsSheet : root.shown === "menu" ? menu : root.shown === "about" ? about
             : root.shown === "folder" ? folder : root.shown === "remove" ? remove : root.shown === "rename" ? rename
             : root.shown === "emulator" ? emulatorSheet : root.shown === "files" ? files : root.shown === "shots" ? shots : null
         onLoaded: (item as Item).forceActiveFocus()
@@ -110,6 +111,14 @@ FocusScope {
             text: Tr.translate("No address for reports is set in this version of Velko, so nothing can be sent.")
             actions: [{ name: "cancel", text: Tr.translate("Close"), kind: "primary" }]
             onAnswered: root.app.report = false
+        }
+    }
+    Component {
+        id: settingsSheet
+        SettingsSheet {
+            settings: root.settings
+            keeper: root.keeper
+            onClosed: root.app.settings = false
         }
     }
     Component {

@@ -28,6 +28,10 @@ Item {
         onActivated: root.app.stepTab(1)
     }
     Shortcut {
+        sequence: "Ctrl+,"
+        onActivated: root.app.settings = true
+    }
+    Shortcut {
         sequence: "Ctrl+Q"
         onActivated: Qt.quit()
     }
