@@ -87,6 +87,8 @@ struct VelkoWindow::Content {
     std::unique_ptr<QQuickItem> pages; ///< they go before what they are bound to
 };
 
+VelkoWindow::VelkoWindow(WindowParts parts) : VelkoWindow(parts, nullptr) { }
+
 VelkoWindow::VelkoWindow(WindowParts parts, std::unique_ptr<WindowShell> shell)
     : m_content(std::make_unique<Content>(parts, std::move(shell)))
 {

@@ -40,8 +40,8 @@ struct WindowParts {
 /// The main window.
 class VelkoWindow {
 public:
-    /// In the window that is shown already, or in one of its own.
-    explicit VelkoWindow(WindowParts parts, std::unique_ptr<WindowShell> shell = {});
+    explicit VelkoWindow(WindowParts parts);
+    VelkoWindow(WindowParts parts, std::unique_ptr<WindowShell> shell); ///< in that window, or in one of its own
     ~VelkoWindow();
 
     bool load(); ///< false when the interface is damaged; shows nothing by itself
