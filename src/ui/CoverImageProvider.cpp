@@ -3,12 +3,11 @@
 #include "catalog/Console.h"
 #include "library/LibraryStore.h"
 #include "platform/Tasks.h"
+#include "ui/PictureResponse.h"
 #include "ui/models/CoverSource.h"
 
-#include <QCoreApplication>
-#include <QQuickTextureFactory>
+#include <QPointer>
 #include <QRegularExpression>
-#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -45,37 +44,14 @@ CoverPlate coverPlate(const CoverRequest &request, const LibraryStore &library, 
     return plate;
 }
 
-/// One picture on its way. Lives on the main thread, where the tasks bring the result, although it is asked for on
-/// the thread that reads pictures.
-class CoverResponse : public QQuickImageResponse {
-public:
-    CoverResponse() { moveToThread(QCoreApplication::instance()->thread()); }
-    bool wanted() const { return m_wanted; }
-    QQuickTextureFactory *textureFactory() const override
-    {
-        return QQuickTextureFactory::textureFactoryForImage(m_image);
-    }
-    QString errorString() const override { return m_image.isNull() ? u"no such picture"_s : QString(); }
-    void cancel() override { m_wanted = false; }
-    void finish(const QImage &picture)
-    {
-        m_image = picture;
-        emit finished();
-    }
-
-private:
-    QImage m_image;
-    std::atomic_bool m_wanted = true; ///< false once it has scrolled out of sight
-};
-
 CoverImageProvider::CoverImageProvider(const LibraryStore &library, Tasks &tasks, Host host)
     : m_library(library), m_tasks(tasks), m_host(host)
 { }
 
 QQuickImageResponse *CoverImageProvider::requestImageResponse(const QString &address, const QSize &)
 {
-    auto *response = new CoverResponse;
-    const QPointer<CoverResponse> alive(response);
+    auto *response = new PictureResponse;
+    const QPointer<PictureResponse> alive(response);
     // What the answer needs outlives the window; this provider may not.
     const auto answer = [alive, &library = m_library, &tasks = m_tasks, host = m_host,
                          request = coverRequest(address)] {

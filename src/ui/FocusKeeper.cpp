@@ -3,6 +3,7 @@
 #include "ui/FocusMoves.h"
 
 #include <QQuickWindow>
+#include <utility>
 
 /// A list is entered as a whole but left from its current item.
 static QRectF placeInWindow(QQuickItem *item)
@@ -54,12 +55,25 @@ static QQuickItem *barAround(QQuickItem *item)
 
 FocusKeeper::FocusKeeper(QQuickWindow *window) : QObject(window), m_window(window)
 {
-    connect(window, &QQuickWindow::activeFocusItemChanged, this, [this] {
-        if (m_checking) return;
-        m_checking = true;
-        // Focus passes through in-between states while a page is taken down and another put up.
-        QMetaObject::invokeMethod(this, &FocusKeeper::check, Qt::QueuedConnection);
-    });
+    connect(window, &QQuickWindow::activeFocusItemChanged, this, &FocusKeeper::focusChanged);
+}
+
+// Qt leaves the focus on an item that is hidden.
+void FocusKeeper::focusChanged()
+{
+    if (m_watched) m_watched->disconnect(this);
+    m_watched = m_window->activeFocusItem();
+    if (m_watched) {
+        connect(m_watched, &QQuickItem::visibleChanged, this, &FocusKeeper::checkSoon);
+        connect(m_watched, &QQuickItem::enabledChanged, this, &FocusKeeper::checkSoon);
+    }
+    checkSoon();
+}
+
+// Focus passes through in-between states while a page is taken down and another put up.
+void FocusKeeper::checkSoon()
+{
+    if (!std::exchange(m_checking, true)) QMetaObject::invokeMethod(this, &FocusKeeper::check, Qt::QueuedConnection);
 }
 
 void FocusKeeper::check()
@@ -67,7 +81,8 @@ void FocusKeeper::check()
     m_checking = false;
     if (!m_window) return;
     QQuickItem *item = m_window->activeFocusItem();
-    if (QQuickItem *control = controlOf(item)) {
+    QQuickItem *control = controlOf(item);
+    if (control && control->isVisible() && control->isEnabled()) {
         m_last = placeInWindow(control);
         return;
     }

@@ -7,7 +7,7 @@
 #include <qqmlregistration.h>
 
 /// Keeps exactly one control of a window in focus: moves it by arrow keys to the nearest control, and gives it to the
-/// nearest neighbour when the control that had it is gone. Controls are the items that Tab reaches.
+/// nearest neighbour when the control that had it is gone, hidden or disabled. Controls are the items that Tab reaches.
 class FocusKeeper : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -22,10 +22,13 @@ public:
     Q_INVOKABLE qreal revealed(QQuickItem *view, QQuickItem *content, qreal position, qreal margin) const;
 
 private:
+    void focusChanged();
+    void checkSoon();
     void check();
     void focus(QQuickItem *item);
 
     QPointer<QQuickWindow> m_window;
+    QPointer<QQuickItem> m_watched; ///< the item in focus, which may be hidden where it is
     QRectF m_last; ///< where the focus was, in the window
     bool m_checking = false;
 };

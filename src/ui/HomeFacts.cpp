@@ -43,13 +43,15 @@ void HomeFacts::update()
 {
     if (!m_active) return;
     const auto &games = m_library.games();
-    QStringList played = recentlyPlayed(games, shelfLength + 1);
-    const bool anyPlayed = !played.isEmpty();
-    if (!anyPlayed) played = recentlyAdded(games, shelfLength + 1);
-    m_hero.setGameID(played.value(0));
-    // The hero stands above the shelf already.
-    m_recent.show(played.mid(1));
-    m_recentTitle = m_translator.translate(anyPlayed ? u"Recently played"_s : u"Recently added"_s);
+    const QStringList played = recentlyPlayed(games, shelfLength + 1);
+    // The only game that was ever played leaves the shelf to the others.
+    const bool showsPlayed = played.size() > 1;
+    QStringList shelf = showsPlayed ? played : recentlyAdded(games, shelfLength + 1);
+    const QString hero = played.isEmpty() ? shelf.value(0) : played.first();
+    m_hero.setGameID(hero);
+    shelf.removeOne(hero); // it stands above the shelf already
+    m_recent.show(shelf.first(qMin<qsizetype>(shelf.size(), shelfLength)));
+    m_recentTitle = m_translator.translate(showsPlayed ? u"Recently played"_s : u"Recently added"_s);
     m_favorites.show(favoriteGames(games, shelfLength));
 
     const QDate today = m_clock.now().date();

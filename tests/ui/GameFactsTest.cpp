@@ -134,6 +134,19 @@ TEST(HomeFacts, followTheLibraryOnlyWhileHomeIsShown)
     EXPECT_EQ(home.favorites()->count(), 1);
 }
 
+TEST(HomeFacts, showOtherGamesBesideTheOnlyOneThatWasPlayed)
+{
+    FactsHouse house;
+    const double now = ReferenceDate::from(house.clock.now()).seconds;
+    house.add(u"Played"_s, u"gba"_s, now - 60);
+    house.add(u"Waiting"_s, u"gba"_s);
+    HomeFacts home(house.sources(), house.places);
+    home.setActive(true);
+    EXPECT_EQ(home.hero()->title(), u"Played"_s);
+    EXPECT_EQ(home.recentTitle(), u"Recently added"_s);
+    EXPECT_EQ(column(*home.recent(), ShelfModel::Title), (QStringList{u"Waiting"_s}));
+}
+
 TEST(HomeFacts, addTheWeekOfAllGames)
 {
     FactsHouse house;
