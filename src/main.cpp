@@ -327,14 +327,12 @@ std::unique_ptr<WindowShell> showShell(const Places &places)
     static constexpr int goOn = -1;
     auto shell = std::make_unique<WindowShell>();
     QEventLoop loop;
+    static constexpr auto once = Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection);
     QObject::connect(
-        shell.get(), &QQuickWindow::frameSwapped, &loop,
-        [&loop] {
-            tellFrame(u"first frame\n"_s);
-            loop.exit(goOn);
-        },
-        Qt::QueuedConnection);
-    QTimer::singleShot(100ms, &loop, [&loop] { loop.exit(goOn); });
+        shell.get(), &QQuickWindow::frameSwapped, shell.get(), [] { tellFrame(u"first frame\n"_s); }, once);
+    QObject::connect(
+        shell.get(), &QQuickWindow::frameSwapped, &loop, [&loop] { loop.exit(goOn); }, once);
+    QTimer::singleShot(250ms, &loop, [&loop] { loop.exit(goOn); });
     const bool games = QFileInfo(places.libraryFile()).size() > emptyList;
     shell->showBlocks(games ? WindowShell::Waiting::forGames : WindowShell::Waiting::forAnything);
     const bool goesOn = loop.exec() == goOn && shell->isVisible();
