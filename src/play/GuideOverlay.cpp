@@ -115,9 +115,11 @@ void GuideOverlay::toggle()
         if (!m_parts.supervisor.handedOver()) return;
         m_parts.supervisor.endHandOver();
     }
+    // A game whose launch was cancelled is about to end: stopped now, it could not save.
+    const bool playing = m_session && m_parts.supervisor.game();
     if (m_open)
         close();
-    else if (m_session)
+    else if (playing)
         open(hinted ? GuidePage::controller : GuidePage::menu);
     else if (!hinted && m_front.show)
         m_front.show();

@@ -145,6 +145,7 @@ void GuideOverlay::askForState(GuideItem item)
 
 void GuideOverlay::takeScreenshot()
 {
+    if (m_quitStarted) return; // nothing takes the panel off an emulator that closes
     // A notice over the game would be in the picture.
     const bool covered = m_open || m_notices.hud() || m_hint.visible();
     close();

@@ -88,7 +88,13 @@ void FocusKeeper::check()
     }
     auto controls = item ? controlsOf(item) : QList<QQuickItem *>();
     if (controls.isEmpty()) controls = controlsOf(m_window->contentItem());
-    if (const auto index = nearest(m_last, whole(controls))) focus(controls[*index]);
+    const auto index = nearest(m_last, whole(controls));
+    if (!index) return;
+    QQuickItem *target = controls[*index];
+    QQuickItem *bar = barAround(target);
+    // A page without a control leaves the focus to the bar: at its current tab, wherever the focus was before.
+    auto *entry = bar && bar != barAround(item) ? bar->property("focusEntry").value<QQuickItem *>() : nullptr;
+    focus(entry ? entry : target);
 }
 
 bool FocusKeeper::move(int key)

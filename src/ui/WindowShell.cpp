@@ -3,6 +3,8 @@
 #include "ui/Renderer.h"
 #include "ui/StartBlocks.h"
 
+#include <QScreen>
+
 using namespace Qt::StringLiterals;
 
 /// The renderer is chosen before the first window is made.
@@ -12,12 +14,22 @@ static QWindow *onChosenRenderer()
     return nullptr;
 }
 
+/// On a screen that is too small for the window and its frame it fills the screen.
+static void fit(QWindow &window)
+{
+    const QSize wanted(1440, 900), frame(16, 48);
+    const QSize room = window.screen()->availableSize();
+    const QSize size = wanted.boundedTo(room - frame);
+    window.resize(size);
+    if (size != wanted) window.setWindowStates(Qt::WindowMaximized);
+}
+
 WindowShell::WindowShell() : QQuickWindow(onChosenRenderer())
 {
     setTitle(u"Velko"_s);
     setColor(QColor(0x0c, 0x0e, 0x14));
     setMinimumSize({720, 480});
-    resize(1440, 900);
+    fit(*this);
 }
 
 void WindowShell::showBlocks(Waiting waiting)

@@ -177,7 +177,7 @@ TEST_F(GuideOverlayTest, quitWantsASecondPressThatNothingElseGives)
     EXPECT_EQ(notice(), u"Closes by itself in 4 s, no need to press ⌘Q");
 
     chord(); // while the game is being quit
-    press({PadButton::b, PadButton::a});
+    press({PadButton::b, PadButton::a, PadButton::share});
     EXPECT_TRUE(guide.isOpen());
     advance(2s);
     EXPECT_EQ(notice(), u"Closes by itself in 2 s, no need to press ⌘Q");
@@ -422,9 +422,14 @@ TEST_F(GuideOverlayTest, backCancelsALaunch)
 {
     play(u"mgba"_s);
     guide.begin(*supervisor.game());
+    house.processes.stubborn = {pid};
     pads.tap(PadButton::b);
     advance(1s);
     EXPECT_EQ(notice(), u"Launch cancelled");
+    chord();
+    EXPECT_FALSE(freezer->frozenPID()) << "stopped while it ends, it could not save";
+    EXPECT_EQ(velkoShown, 1);
+    advance(4s);
     EXPECT_FALSE(guide.session());
 }
 

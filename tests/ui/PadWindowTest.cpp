@@ -1,3 +1,4 @@
+#include "ui/FolderList.h"
 #include "ui/WindowHouse.h"
 
 #include <QCursor>
@@ -106,9 +107,14 @@ TEST(PadWindow, backLeadsUpInTheFolderPickerAndThenOutOfIt)
     WindowHouse house(0);
     house.home.write(u"Games/SNES/readme.txt"_s);
     ASSERT_TRUE(house.show());
+    // The folder is read in the background.
+    const auto reading = [&] {
+        const QVariant model = house.control() ? house.control()->property("model") : QVariant();
+        return model.value<FolderList *>() && model.value<FolderList *>()->loading();
+    };
     const auto press = [&](PadButton button) {
         house.press(button);
-        house.tasks.finish();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !reading(); }));
         house.settled();
     };
     const QString welcome = house.control()->property("text").toString();
@@ -123,6 +129,16 @@ TEST(PadWindow, backLeadsUpInTheFolderPickerAndThenOutOfIt)
     EXPECT_EQ(hints(house), "dpad Move with the D-pad, a Open, b Close");
     press(PadButton::b);
     EXPECT_EQ(house.control()->property("text").toString(), welcome);
+}
+
+TEST(PadWindow, aPageWithoutAControlLeavesTheFocusAtItsTab)
+{
+    WindowHouse house(24);
+    ASSERT_TRUE(house.show());
+    for (const auto button : {PadButton::rightShoulder, PadButton::dpadRight, PadButton::dpadRight,
+                              PadButton::rightShoulder, PadButton::rightShoulder})
+        house.press(button);
+    EXPECT_EQ(house.control()->property("text").toString(), u"Essentials"_s);
 }
 
 TEST(PadWindow, upLeadsToTheCurrentTabAndDownBackToWhereOneWas)

@@ -145,6 +145,17 @@ QString OverlayFacts::explanation() const
     return {};
 }
 
+bool OverlayFacts::selectedActs() const
+{
+    const OverlayRow row = m_rows.rows().value(selection(), {.available = false});
+    return row.available && row.kind != OverlayRow::Kind::fact;
+}
+
+bool OverlayFacts::selectedChanges() const
+{
+    return selectedActs() && m_rows.rows()[selection()].kind != OverlayRow::Kind::action;
+}
+
 int OverlayFacts::selection() const
 {
     switch (m_guide.page()) {

@@ -28,6 +28,8 @@ class OverlayFacts : public QObject {
     Q_PROPERTY(QString explanation READ explanation NOTIFY changed)
     Q_PROPERTY(OverlayRows *rows READ rows CONSTANT)
     Q_PROPERTY(int selection READ selection NOTIFY changed)
+    Q_PROPERTY(bool selectedActs READ selectedActs NOTIFY changed)
+    Q_PROPERTY(bool selectedChanges READ selectedChanges NOTIFY changed)
     Q_PROPERTY(QStringList steps READ steps NOTIFY changed)
     Q_PROPERTY(bool quitting READ quitting NOTIFY changed)
     Q_PROPERTY(QString toast READ toast NOTIFY changed)
@@ -51,6 +53,8 @@ public:
     QString explanation() const; ///< below it
     OverlayRows *rows() { return &m_rows; }
     int selection() const;
+    bool selectedActs() const; ///< whether pressing the selected row does something
+    bool selectedChanges() const; ///< whether it is a setting that can be changed
     QStringList steps() const; ///< of the controller page
     bool quitting() const { return m_guide.quitStarted(); }
     QString toast() const;

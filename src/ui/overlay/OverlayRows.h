@@ -25,6 +25,7 @@ class OverlayRows : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
     void set(const QList<OverlayRow> &rows); ///< rows that stay are only changed
+    const QList<OverlayRow> &rows() const { return m_rows; }
 
     int rowCount(const QModelIndex &parent = {}) const override { return parent.isValid() ? 0 : int(m_rows.size()); }
     QVariant data(const QModelIndex &index, int role) const override;

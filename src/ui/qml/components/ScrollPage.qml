@@ -15,6 +15,10 @@ FocusScope {
     onFocusedChanged: if (focused && Theme.inputMode !== "pointer")
         scroll.to = keeper.revealed(view, view.contentItem, scroll.running ? scroll.to : view.contentY, revealMargin)
 
+    // Below the last control there may still be something to read.
+    Keys.onDownPressed: if (!keeper.move(Qt.Key_Down))
+        scroll.to = Math.max(0, Math.min(view.contentHeight - view.height, view.contentY + view.height / 2))
+
     Item {
         id: back
         anchors.fill: parent

@@ -97,7 +97,7 @@ Sheet {
                         target: root.folders
                         function onListed() { list.currentIndex = root.folders.startRow }
                     }
-                    Pad.confirm: count > 0 ? Tr.translate("Open") : ""
+                    Pad.confirm: count === 0 ? "" : (currentItem as FolderRow)?.file ? Tr.translate("Choose") : Tr.translate("Open")
                     // Not "Cancel", which is nearer.
                     KeyNavigation.down: take.available ? take : null
                     KeyNavigation.priority: KeyNavigation.AfterItem

@@ -26,7 +26,8 @@ Card {
             model: root.emulator.copies
             ListRow {
                 required property var modelData
-                width: rows.width
+                x: -14 // its text stands below the heading
+                width: rows.width + 28
                 activeFocusOnTab: root.several
                 tappable: root.several
                 role: root.several ? Accessible.RadioButton : Accessible.StaticText

@@ -15,13 +15,28 @@ Column {
         width: parent.width
         emulator: root.emulator
     }
-    ListRow {
+    Card {
         visible: root.systemFilesButton && root.emulator.systemFilesConsole !== ""
         width: parent.width
-        icon: "chip"
-        text: Tr.translate("System files")
-        detail: Tr.translate("They are dropped or chosen on the console's page")
-        onActivated: root.systemFilesWanted()
+        height: files.height + 16
+        ListRow {
+            id: files
+            x: 14
+            y: 8
+            width: parent.width - 28
+            icon: "chip"
+            text: Tr.translate("System files")
+            detail: Tr.translate("They are dropped or chosen on the console's page")
+            onActivated: root.systemFilesWanted()
+            Icon {
+                anchors.right: parent.right
+                anchors.rightMargin: 14
+                anchors.verticalCenter: parent.verticalCenter
+                name: "right"
+                size: 18
+                color: files.lit ? Theme.onAccent : Theme.t3
+            }
+        }
     }
     CopiesCard {
         visible: root.emulator.installed

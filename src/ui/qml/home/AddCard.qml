@@ -6,11 +6,12 @@ Card {
     id: root
     required property LibraryStore library
     required property HomeFacts home
+    readonly property bool low: height < 160
     signal folderWanted
 
     Row {
         x: 24
-        y: 22
+        y: root.low ? 16 : 22
         spacing: 12
         Icon {
             anchors.verticalCenter: parent.verticalCenter
@@ -26,7 +27,7 @@ Card {
     }
     Label {
         x: 57
-        y: 54
+        y: root.low ? 48 : 54
         width: parent.width - 81
         text: root.home.folders === "" ? Tr.translate("None yet") : root.home.folders
         color: Theme.t2
@@ -36,9 +37,10 @@ Card {
     }
     Row {
         x: 24
-        y: parent.height - height - 22
+        y: parent.height - height - (root.low ? 14 : 22)
         spacing: 10
         TextButton {
+            id: add
             size: 44
             textSize: 14.5
             icon: "plus"
@@ -50,7 +52,15 @@ Card {
             textSize: 14.5
             kind: "ghost"
             icon: "update"
-            text: Tr.translate("Look again")
+            name: Tr.translate("Look again")
+            text: look.implicitWidth < root.width - 48 - add.width - 74 ? name : "" // the icon alone when it gets narrow
+            Label {
+                id: look
+                visible: false
+                text: parent.name
+                size: 14.5
+                font.weight: 600
+            }
             visible: root.library.romFolders.length > 0
             available: !root.library.scanning
             onActivated: root.library.scan([])

@@ -7,7 +7,8 @@ FocusScope {
     required property OverlayFacts facts
     required property InputMode input
     readonly property int margin: Theme.px(Theme.u > 0.75 ? 96 : 64)
-    readonly property int rowsTop: Theme.px(208)
+    readonly property bool low: root.height < Theme.px(1000) ///< all rows of the menu fit only closer to the title
+    readonly property int rowsTop: Theme.px(low ? 140 : 208)
 
     focus: true
     Accessible.role: Accessible.Pane
@@ -60,7 +61,8 @@ FocusScope {
         opacity: 1 + slide / Theme.px(40)
         OverlayTitle {
             x: root.margin
-            y: Theme.px(56)
+            y: Theme.px(root.low ? 20 : 56)
+            coverHeight: Theme.px(root.low ? 100 : 112)
             width: root.width - 2 * root.margin
             facts: root.facts
         }
@@ -95,7 +97,8 @@ FocusScope {
         visible: !root.facts.quitting
         hints: root.facts.page === "settings" ? [
             { glyphs: ["dpad-v"], text: Tr.translate("Move with the D-pad") },
-            { glyphs: ["dpad-h"], text: Tr.translate("Change") },
+            ...(root.facts.selectedChanges ? [{ glyphs: ["dpad-h"], text: Tr.translate("Change") }]
+                : root.facts.selectedActs ? [{ glyphs: ["a"], text: Tr.translate("Choose") }] : []),
             { glyphs: ["b"], text: Tr.translate("Back") }
         ] : root.facts.page === "info" ? [
             { glyphs: ["b"], text: Tr.translate("Back") }

@@ -5,12 +5,13 @@ import Velko
 Row {
     id: root
     required property OverlayFacts facts
+    property real coverHeight: Theme.px(112)
 
     spacing: Theme.px(28)
     Cover {
         id: cover
-        width: Theme.px(84)
-        height: Math.min(Theme.px(112), width * root.facts.ratio)
+        width: root.coverHeight * 0.75
+        height: Math.min(root.coverHeight, width * root.facts.ratio)
         radius: Theme.px(10)
         cover: root.facts.cover
         consoleID: root.facts.consoleID
