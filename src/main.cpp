@@ -23,12 +23,17 @@
 #include "play/ScreenshotStore.h"
 #include "ui/Fonts.h"
 #include "ui/VelkoWindow.h"
+#include "ui/WindowShell.h"
 
 #include <QDir>
+#include <QEventLoop>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QQuickWindow>
+#include <QTimer>
 #include <cstdio>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -53,6 +58,12 @@ struct TerminalReply final : Reply {
     void printError(const QString &text) override { write(stderr, text); }
     void finish(int exitStatus) override { finished(exitStatus); }
 };
+
+/// For measurements.
+void tellFrame(const QString &which)
+{
+    if (qEnvironmentVariableIsSet("VELKO_FIRST_FRAME")) write(stdout, which);
+}
 
 bool isForWindow(const Command &command)
 {
@@ -79,8 +90,10 @@ int askOwner(RequestChannel &channel, const QStringList &arguments)
 /// wanted.
 class Program {
 public:
-    Program(const Places &places, Preferences &preferences, RequestChannel &channel, std::unique_ptr<Tasks> tasks)
-        : m_places(places), m_tasks(std::move(tasks)), m_preferences(preferences),
+    /// `shell`: the window that is shown already and waits for its content, if any.
+    Program(const Places &places, Preferences &preferences, RequestChannel &channel, std::unique_ptr<Tasks> tasks,
+            std::unique_ptr<WindowShell> shell)
+        : m_places(places), m_tasks(std::move(tasks)), m_preferences(preferences), m_shell(std::move(shell)),
           m_translator(chooseLanguage(preferences.get(preference::appLanguage), QLocale::system().uiLanguages()),
                        places.host),
           m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
@@ -113,7 +126,6 @@ public:
               }));
     }
 
-private:
     void serve(const Request &request, const std::shared_ptr<Reply> &reply)
     {
         const auto command = parseCommandLine(request.arguments);
@@ -135,6 +147,7 @@ private:
         }
     }
 
+private:
     /// The surfaces put their own callbacks in; here is what all of them share.
     void connectController()
     {
@@ -150,6 +163,7 @@ private:
     void showWindow(const Command &command, Reply &reply)
     {
         if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance())) return reply.finish(askLater);
+        const bool shown = m_shell && m_shell->isVisible(); // raised again, it would take the focus from elsewhere
         if (!m_window && !buildWindow()) {
             reply.printError(
                 m_translator.fill(u"The window can't be built. “%@” says why; ./run installs what may be missing.\n"_s,
@@ -159,7 +173,7 @@ private:
         if (command.kind == Command::Kind::openBigPicture)
             reply.printError(
                 m_translator.translate(u"Big Picture isn't part of this version yet: the window opens instead.\n"_s));
-        m_window->raise();
+        if (!shown) m_window->raise();
         reply.finish(0);
     }
 
@@ -167,7 +181,8 @@ private:
     {
         m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_screenshots, m_emulators, m_bios,
                                                              m_changes, m_preferences, m_translator, *m_clock, *m_tasks,
-                                                             *m_workspace, m_places, m_controller, &m_patches});
+                                                             *m_workspace, m_places, m_controller, &m_patches},
+                                                 std::move(m_shell));
         if (!m_window->load()) {
             m_window.reset();
             return false;
@@ -175,14 +190,14 @@ private:
         QQuickWindow *window = m_window->window();
         QObject::connect(
             window, &QWindow::visibleChanged, &m_commands, [this] { endWhenIdle(); }, Qt::QueuedConnection);
-        // What is installed is looked up after the first frame, which does not wait for it.
+        // What is installed is looked up after the frame with the games, which does not wait for it.
         QObject::connect(
             window, &QQuickWindow::frameSwapped, &m_emulators,
             [this] {
                 m_emulators.refresh();
                 m_gamepads->start();
                 games();
-                if (qEnvironmentVariableIsSet("VELKO_FIRST_FRAME")) write(stdout, u"first frame\n"_s);
+                tellFrame(u"content frame\n"_s);
             },
             Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
         return true;
@@ -254,6 +269,7 @@ private:
     const std::unique_ptr<Gamepads> m_gamepads = makeGamepads(*m_clock);
     const std::unique_ptr<Tasks> m_tasks; ///< waits for its work, which uses the services above, when it goes
     Preferences &m_preferences;
+    std::unique_ptr<WindowShell> m_shell; ///< until the window takes it over
     Translator m_translator;
     AppState m_state;
     InstalledEmulators m_emulators;
@@ -279,6 +295,48 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv, const 
     QGuiApplication::setDesktopFileName(u"velko"_s);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     return application;
+}
+/// Requests that come before there is a program to serve them.
+class EarlyRequests {
+public:
+    explicit EarlyRequests(RequestChannel &channel)
+        : m_connection(QObject::connect(&channel, &RequestChannel::requested, &channel,
+                                        [this](const Request &request, const std::shared_ptr<Reply> &reply) {
+                                            m_waiting += {request, reply};
+                                        }))
+    { }
+
+    void passTo(Program &program)
+    {
+        QObject::disconnect(m_connection);
+        for (const auto &[request, reply] : std::exchange(m_waiting, {}))
+            program.serve(request, reply);
+    }
+
+private:
+    QList<std::pair<Request, std::shared_ptr<Reply>>> m_waiting;
+    QMetaObject::Connection m_connection;
+};
+
+/// Shows the window without its content, which is built when this frame is drawn: a moment that costs nothing, since
+/// the display server works in it. A window that isn't drawn, behind another or on a slow display, is not waited for.
+/// Nothing: the user wants the program to end.
+std::unique_ptr<WindowShell> showShell(const Places &places)
+{
+    static constexpr qint64 emptyList = 2;
+    static constexpr int goOn = -1;
+    auto shell = std::make_unique<WindowShell>();
+    QEventLoop loop;
+    static constexpr auto once = Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection);
+    QObject::connect(
+        shell.get(), &QQuickWindow::frameSwapped, shell.get(), [] { tellFrame(u"first frame\n"_s); }, once);
+    QObject::connect(
+        shell.get(), &QQuickWindow::frameSwapped, &loop, [&loop] { loop.exit(goOn); }, once);
+    QTimer::singleShot(250ms, &loop, [&loop] { loop.exit(goOn); });
+    const bool games = QFileInfo(places.libraryFile()).size() > emptyList;
+    shell->showBlocks(games ? WindowShell::Waiting::forGames : WindowShell::Waiting::forAnything);
+    const bool goesOn = loop.exec() == goOn && shell->isVisible();
+    return goesOn ? std::move(shell) : nullptr;
 }
 } // namespace
 
@@ -313,12 +371,19 @@ int main(int argc, char **argv)
         QCoreApplication::exec();
     }
 
+    EarlyRequests early(*channel);
     auto tasks = makeTasks();
-    if (isForWindow(command.value()) && places.displayPresent) readFonts(*tasks);
+    std::unique_ptr<WindowShell> shell;
+    if (isForWindow(command.value())) {
+        readFonts(*tasks);
+        shell = showShell(places);
+        if (!shell) return 0;
+    }
     logTo(places.logFile());
     Preferences preferences(places.preferencesFile());
     migrateLegacyPreferences(places, preferences);
-    Program program(places, preferences, *channel, std::move(tasks));
+    Program program(places, preferences, *channel, std::move(tasks), std::move(shell));
     program.serveTerminal(arguments);
+    early.passTo(program);
     return QCoreApplication::exec();
 }

@@ -27,15 +27,14 @@
 #include "ui/PointerHider.h"
 #include "ui/ProfileFacts.h"
 #include "ui/QmlTypes.h"
-#include "ui/Renderer.h"
 #include "ui/ShadowImageProvider.h"
+#include "ui/WindowShell.h"
 #include "ui/models/LibraryLists.h"
 #include "ui/shots/ScreenshotGallery.h"
 #include "ui/shots/ShotImageProvider.h"
 
+#include <QQmlComponent>
 #include <QQmlEngine>
-#include <QQuickView>
-#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -47,7 +46,7 @@ static QUrl page(const QString &name)
 }
 
 struct VelkoWindow::Content {
-    explicit Content(const WindowParts &given)
+    Content(const WindowParts &given, std::unique_ptr<WindowShell> shown)
         : parts(given), sources{given.library, given.emulators, given.preferences, given.translator,
                                 given.clock,   given.tasks,     given.workspace,   given.places.host},
           opener(given.places, given.workspace), home(sources, given.places), openGame(sources),
@@ -59,7 +58,8 @@ struct VelkoWindow::Content {
           profile(given.library, given.translator, given.clock),
           gallery(given.screenshots, given.workspace, given.places, localeOf(given.translator)),
           folders(given.places, given.tasks, given.translator),
-          lists(given.library, given.emulators, given.app, given.preferences, given.translator, given.places)
+          lists(given.library, given.emulators, given.app, given.preferences, given.translator, given.places),
+          shell(shown ? std::move(shown) : std::make_unique<WindowShell>())
     { }
 
     WindowParts parts;
@@ -78,25 +78,24 @@ struct VelkoWindow::Content {
     FolderList folders;
     PlaySettings settings{parts.preferences, parts.translator};
     LibraryLists lists;
-    QQuickView view;
-    FocusKeeper keeper{&view};
-    InputMode input{&view};
-    PadNavigation pad{&view, input, parts.translator};
+    QQmlEngine engine;
+    const std::unique_ptr<WindowShell> shell;
+    FocusKeeper keeper{shell.get()};
+    InputMode input{shell.get()};
+    PadNavigation pad{shell.get(), input, parts.translator};
     PointerHider pointer;
+    std::unique_ptr<QQuickItem> pages; ///< they go before what they are bound to
 };
 
-/// The renderer is chosen before the first window is made.
-static WindowParts withRenderer(const WindowParts &parts)
+VelkoWindow::VelkoWindow(WindowParts parts) : VelkoWindow(parts, nullptr) { }
+
+VelkoWindow::VelkoWindow(WindowParts parts, std::unique_ptr<WindowShell> shell)
+    : m_content(std::make_unique<Content>(parts, std::move(shell)))
 {
-    chooseRenderer();
     nameFontSubstitutes();
     qml_register_types_Velko();
-    return parts;
-}
-
-VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content>(withRenderer(parts)))
-{
-    QQmlEngine *engine = m_content->view.engine();
+    QQmlEngine *engine = &m_content->engine;
+    engine->setIncubationController(m_content->shell->incubationController());
     engine->addImportPath(u":/qt/qml"_s); // Qt 6.4 does not look there by itself
     engine->setProperty(TranslatorForQml::property, QVariant::fromValue(&parts.translator));
     m_content->openGame.options()->setPatches(parts.patches);
@@ -113,7 +112,7 @@ VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content
                          content->notices.show(content->parts.translator.message(why), u"warn"_s);
                      });
     QObject::connect(
-        &m_content->view, &QQuickWindow::frameSwapped, &m_content->view, [covers] { covers->begin(); },
+        m_content->shell.get(), &QQuickWindow::frameSwapped, m_content->shell.get(), [covers] { covers->begin(); },
         Qt::SingleShotConnection);
     parts.controller.onEvent = [pad = &m_content->pad](PadEvent event) { pad->handle(event); };
 }
@@ -121,68 +120,55 @@ VelkoWindow::VelkoWindow(WindowParts parts) : m_content(std::make_unique<Content
 VelkoWindow::~VelkoWindow()
 {
     m_content->parts.controller.onEvent = nullptr;
-    m_content->view.setSource({}); // the pages go before what they are bound to
-}
-
-/// On a screen that is too small for the window and its frame it fills the screen.
-static void fit(QWindow &window)
-{
-    const QSize wanted(1440, 900), frame(16, 48);
-    const QSize room = window.screen()->availableSize();
-    const QSize size = wanted.boundedTo(room - frame);
-    window.resize(size);
-    if (size != wanted) window.setWindowStates(Qt::WindowMaximized);
 }
 
 bool VelkoWindow::load()
 {
     Content &content = *m_content;
-    QQuickView &view = content.view;
-    view.setTitle(u"Velko"_s);
-    view.setColor(QColor(0x0c, 0x0e, 0x14));
-    view.setMinimumSize({720, 480});
-    fit(view);
-    view.setResizeMode(QQuickView::SizeRootObjectToView);
     // The pages are made with their content and their size, so that nothing is laid out twice.
     content.home.setActive(content.parts.app.property("tab").toString() == u"home");
-    view.setInitialProperties({{u"width"_s, view.width()},
-                               {u"height"_s, view.height()},
-                               {u"app"_s, QVariant::fromValue(&content.parts.app)},
-                               {u"library"_s, QVariant::fromValue(&content.parts.library)},
-                               {u"lists"_s, QVariant::fromValue(&content.lists)},
-                               {u"keeper"_s, QVariant::fromValue(&content.keeper)},
-                               {u"pad"_s, QVariant::fromValue(&content.pad)},
-                               {u"controller"_s, QVariant::fromValue(&content.parts.controller)},
-                               {u"input"_s, QVariant::fromValue(&content.input)},
-                               {u"home"_s, QVariant::fromValue(&content.home)},
-                               {u"openGame"_s, QVariant::fromValue(&content.openGame)},
-                               {u"gameEmulator"_s, QVariant::fromValue(&content.gameEmulator)},
-                               {u"shownEmulator"_s, QVariant::fromValue(&content.shownEmulator)},
-                               {u"bios"_s, QVariant::fromValue(&content.bios)},
-                               {u"questions"_s, QVariant::fromValue(&content.questions)},
-                               {u"alerts"_s, QVariant::fromValue(&content.alerts)},
-                               {u"notices"_s, QVariant::fromValue(&content.notices)},
-                               {u"profile"_s, QVariant::fromValue(&content.profile)},
-                               {u"gallery"_s, QVariant::fromValue(&content.gallery)},
-                               {u"settings"_s, QVariant::fromValue(&content.settings)},
-                               {u"folders"_s, QVariant::fromValue(&content.folders)}});
-    view.setSource(page(u"Main.qml"_s));
-    return view.status() == QQuickView::Ready;
+    const QVariantMap properties{{u"width"_s, content.shell->width()},
+                                 {u"height"_s, content.shell->height()},
+                                 {u"app"_s, QVariant::fromValue(&content.parts.app)},
+                                 {u"library"_s, QVariant::fromValue(&content.parts.library)},
+                                 {u"lists"_s, QVariant::fromValue(&content.lists)},
+                                 {u"keeper"_s, QVariant::fromValue(&content.keeper)},
+                                 {u"pad"_s, QVariant::fromValue(&content.pad)},
+                                 {u"controller"_s, QVariant::fromValue(&content.parts.controller)},
+                                 {u"input"_s, QVariant::fromValue(&content.input)},
+                                 {u"home"_s, QVariant::fromValue(&content.home)},
+                                 {u"openGame"_s, QVariant::fromValue(&content.openGame)},
+                                 {u"gameEmulator"_s, QVariant::fromValue(&content.gameEmulator)},
+                                 {u"shownEmulator"_s, QVariant::fromValue(&content.shownEmulator)},
+                                 {u"bios"_s, QVariant::fromValue(&content.bios)},
+                                 {u"questions"_s, QVariant::fromValue(&content.questions)},
+                                 {u"alerts"_s, QVariant::fromValue(&content.alerts)},
+                                 {u"notices"_s, QVariant::fromValue(&content.notices)},
+                                 {u"profile"_s, QVariant::fromValue(&content.profile)},
+                                 {u"gallery"_s, QVariant::fromValue(&content.gallery)},
+                                 {u"settings"_s, QVariant::fromValue(&content.settings)},
+                                 {u"folders"_s, QVariant::fromValue(&content.folders)}};
+    QQmlComponent component(&content.engine, page(u"Main.qml"_s));
+    content.pages.reset(qobject_cast<QQuickItem *>(component.createWithInitialProperties(properties)));
+    for (const QQmlError &error : component.errors())
+        qWarning("%s", qPrintable(error.toString()));
+    if (content.pages) content.shell->setContent(content.pages.get());
+    return content.pages != nullptr;
 }
 
 QQuickWindow *VelkoWindow::window()
 {
-    return &m_content->view;
+    return m_content->shell.get();
 }
 
 void VelkoWindow::raise()
 {
-    QQuickView &view = m_content->view;
+    WindowShell &window = *m_content->shell;
     // show() would take a maximised window out of that state.
-    view.setWindowStates(view.windowStates() & ~Qt::WindowMinimized);
-    view.setVisible(true);
-    view.raise();
-    view.requestActivate();
+    window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
+    window.setVisible(true);
+    window.raise();
+    window.requestActivate();
 }
 
 void VelkoWindow::hidePointer()

@@ -15,6 +15,7 @@ class QQuickWindow;
 class ScreenshotStore;
 class Tasks;
 class Translator;
+class WindowShell;
 class Workspace;
 struct Places;
 
@@ -40,6 +41,7 @@ struct WindowParts {
 class VelkoWindow {
 public:
     explicit VelkoWindow(WindowParts parts);
+    VelkoWindow(WindowParts parts, std::unique_ptr<WindowShell> shell); ///< in that window, or in one of its own
     ~VelkoWindow();
 
     bool load(); ///< false when the interface is damaged; shows nothing by itself

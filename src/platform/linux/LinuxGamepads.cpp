@@ -1,13 +1,12 @@
 #include "platform/linux/DoorBell.h"
 #include "platform/linux/LinuxServices.h"
+#include "platform/linux/Sdl.h"
 #include "platform/linux/VirtualPad.h"
 
 #include <QDebug>
 #include <QFileInfo>
 #include <QFileSystemWatcher>
 
-#define SDL_MAIN_HANDLED
-#include <SDL.h>
 #include <set>
 #include <utility>
 
@@ -15,6 +14,7 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 static constexpr auto betweenLooks = 8ms; ///< a press waits this long at most where no bell rings
+static constexpr int mostEarly = 100;
 
 static constexpr std::pair<SDL_GameControllerButton, PadButton> buttons[] = {
     {SDL_CONTROLLER_BUTTON_DPAD_LEFT, PadButton::dpadLeft},
@@ -95,12 +95,14 @@ private:
     Clock &m_clock;
     const QString m_deviceFolder;
     bool m_started = false;
+    const Sdl *m_sdl = nullptr; ///< from the start on
     std::vector<OpenPad> m_pads;
     QFileSystemWatcher m_devices; ///< rings when one is plugged in
     Timer m_poll; ///< only while an open controller has no bell
     Timer m_rest; ///< after a bell has rung
     Timer m_again; ///< a device that was plugged in is not ready at once
     std::unique_ptr<CommandPipe> m_pipe;
+    QList<PadCommand> m_early; ///< given before the start
     std::optional<SDL_JoystickID> m_virtual;
 };
 
@@ -109,23 +111,28 @@ private:
 LinuxGamepads::~LinuxGamepads()
 {
     for (OpenPad &open : m_pads)
-        if (open.controller) SDL_GameControllerClose(open.controller);
-    if (m_started) SDL_QuitSubSystem(SDL_INIT_GAMECONTROLLER);
+        if (open.controller) m_sdl->GameControllerClose(open.controller);
+    if (m_started) m_sdl->QuitSubSystem(SDL_INIT_GAMECONTROLLER);
 }
 
 void LinuxGamepads::start()
 {
     if (m_started) return;
-    SDL_SetMainReady();
+    m_sdl = Sdl::load();
+    if (!m_sdl) {
+        qWarning("controllers can't be used: SDL 2 is missing. Install libsdl2-2.0-0.");
+        return;
+    }
+    m_sdl->SetMainReady();
     // With its own handlers SDL takes SIGTERM and SIGINT, and Velko cannot be ended any more.
-    SDL_SetHintWithPriority(SDL_HINT_NO_SIGNAL_HANDLERS, "1", SDL_HINT_OVERRIDE);
-    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
-    SDL_SetHint(SDL_HINT_GAMECONTROLLER_USE_BUTTON_LABELS, "0"); // by place, as emulators map them
+    m_sdl->SetHintWithPriority(SDL_HINT_NO_SIGNAL_HANDLERS, "1", SDL_HINT_OVERRIDE);
+    m_sdl->SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
+    m_sdl->SetHint(SDL_HINT_GAMECONTROLLER_USE_BUTTON_LABELS, "0"); // by place, as emulators map them
     // Through hidraw some controllers report hundreds of times a second while they lie still; the kernel's own drivers
     // report changes only.
-    SDL_SetHint(SDL_HINT_JOYSTICK_HIDAPI, "0");
-    if (SDL_InitSubSystem(SDL_INIT_GAMECONTROLLER) != 0) {
-        qWarning() << "controllers can't be used:" << SDL_GetError();
+    m_sdl->SetHint(SDL_HINT_JOYSTICK_HIDAPI, "0");
+    if (m_sdl->InitSubSystem(SDL_INIT_GAMECONTROLLER) != 0) {
+        qWarning() << "controllers can't be used:" << m_sdl->GetError();
         return;
     }
     m_started = true;
@@ -133,6 +140,8 @@ void LinuxGamepads::start()
     connect(&m_devices, &QFileSystemWatcher::directoryChanged, this, [this] { lookAgain(5); });
     if (m_pipe) plugIn();
     look();
+    for (const PadCommand command : std::exchange(m_early, {}))
+        obey(command);
 }
 
 /// The folder of devices, or the one where it will appear.
@@ -154,9 +163,9 @@ void LinuxGamepads::lookAgain(int rest)
 
 void LinuxGamepads::look()
 {
-    SDL_PumpEvents();
+    m_sdl->PumpEvents();
     SDL_Event event;
-    while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1)
+    while (m_sdl->PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1)
         handle(event);
     chooseWaiting();
 }
@@ -210,12 +219,12 @@ void LinuxGamepads::handle(const SDL_Event &event)
 
 void LinuxGamepads::add(int device)
 {
-    const SDL_JoystickID id = SDL_JoystickGetDeviceInstanceID(device);
+    const SDL_JoystickID id = m_sdl->JoystickGetDeviceInstanceID(device);
     if (id < 0 || find(id)) return;
-    OpenPad open{.pad = {.id = id, .name = QString::fromUtf8(SDL_JoystickNameForIndex(device)).simplified()}};
-    if (SDL_IsGameController(device)) open.controller = SDL_GameControllerOpen(device);
+    OpenPad open{.pad = {.id = id, .name = QString::fromUtf8(m_sdl->JoystickNameForIndex(device)).simplified()}};
+    if (m_sdl->IsGameController(device)) open.controller = m_sdl->GameControllerOpen(device);
     open.pad.standard = open.controller != nullptr;
-    const QString path = QString::fromUtf8(open.controller ? SDL_GameControllerPath(open.controller) : "");
+    const QString path = QString::fromUtf8(open.controller ? m_sdl->GameControllerPath(open.controller) : "");
     if (path.startsWith("/dev/input/"_L1)) open.bell = std::make_unique<DoorBell>(path, [this] { answer(); });
     const Pad pad = open.pad;
     m_pads.push_back(std::move(open));
@@ -228,7 +237,7 @@ void LinuxGamepads::remove(SDL_JoystickID id)
     if (!open) return;
     for (const PadButton button : std::set(open->held))
         setHeld(id, button, false);
-    if (open->controller) SDL_GameControllerClose(open->controller);
+    if (open->controller) m_sdl->GameControllerClose(open->controller);
     std::erase_if(m_pads, [id](const OpenPad &one) { return one.pad.id == id; });
     emit disconnected(id);
 }
@@ -299,12 +308,12 @@ void LinuxGamepads::plugIn()
     description.axis_mask = (1u << SDL_CONTROLLER_AXIS_MAX) - 1;
     description.button_mask = (1u << SDL_CONTROLLER_BUTTON_MAX) - 1;
     description.name = "Virtual controller";
-    const int device = SDL_JoystickAttachVirtualEx(&description);
+    const int device = m_sdl->JoystickAttachVirtualEx(&description);
     if (device < 0) {
-        qWarning() << "no virtual controller:" << SDL_GetError();
+        qWarning() << "no virtual controller:" << m_sdl->GetError();
         return;
     }
-    m_virtual = SDL_JoystickGetDeviceInstanceID(device);
+    m_virtual = m_sdl->JoystickGetDeviceInstanceID(device);
     look();
     for (const auto &[axis, trigger] : triggers)
         setVirtual(trigger, false);
@@ -313,9 +322,9 @@ void LinuxGamepads::plugIn()
 
 void LinuxGamepads::unplug()
 {
-    for (int device = 0; m_virtual && device < SDL_NumJoysticks(); ++device)
-        if (SDL_JoystickGetDeviceInstanceID(device) == *m_virtual) {
-            SDL_JoystickDetachVirtual(device);
+    for (int device = 0; m_virtual && device < m_sdl->NumJoysticks(); ++device)
+        if (m_sdl->JoystickGetDeviceInstanceID(device) == *m_virtual) {
+            m_sdl->JoystickDetachVirtual(device);
             m_virtual.reset();
         }
     look();
@@ -324,7 +333,10 @@ void LinuxGamepads::unplug()
 /// The pipe is the bell of the virtual controller: each command is seen through before the next.
 void LinuxGamepads::obey(PadCommand command)
 {
-    if (!m_started) return;
+    if (!m_started) {
+        if (m_early.size() < mostEarly) m_early += command;
+        return;
+    }
     if (command.kind == PadCommand::Kind::plugIn) return plugIn();
     if (command.kind == PadCommand::Kind::unplug) return unplug();
     if (command.kind != PadCommand::Kind::release) {
@@ -341,11 +353,11 @@ void LinuxGamepads::setVirtual(PadButton button, bool down)
 {
     const OpenPad *open = m_virtual ? find(*m_virtual) : nullptr;
     if (!open || !open->controller) return;
-    SDL_Joystick *joystick = SDL_GameControllerGetJoystick(open->controller);
+    SDL_Joystick *joystick = m_sdl->GameControllerGetJoystick(open->controller);
     if (const auto axis = firstFor(triggers, button))
-        SDL_JoystickSetVirtualAxis(joystick, *axis, Sint16(down ? SDL_JOYSTICK_AXIS_MAX : SDL_JOYSTICK_AXIS_MIN));
+        m_sdl->JoystickSetVirtualAxis(joystick, *axis, Sint16(down ? SDL_JOYSTICK_AXIS_MAX : SDL_JOYSTICK_AXIS_MIN));
     else if (const auto place = firstFor(buttons, button))
-        SDL_JoystickSetVirtualButton(joystick, *place, down ? SDL_PRESSED : SDL_RELEASED);
+        m_sdl->JoystickSetVirtualButton(joystick, *place, down ? SDL_PRESSED : SDL_RELEASED);
 }
 
 std::unique_ptr<Gamepads> makeGamepads(Clock &clock, const QString &deviceFolder)
