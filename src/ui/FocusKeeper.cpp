@@ -109,7 +109,14 @@ void FocusKeeper::leaveBar()
     QQuickItem *bar = barAround(m_parked);
     auto controls = controlsOf(m_window->contentItem());
     controls.removeIf([bar](QQuickItem *other) { return barAround(other) == bar; });
-    if (const auto index = nearest(m_lost, whole(controls))) focus(controls[*index]);
+    if (controls.isEmpty()) return;
+    // To the place that the page itself gives it; a page that has none gives it to the nearest control.
+    if (auto *page = bar->property("focusExit").value<QQuickItem *>()) {
+        m_last = m_lost;
+        focus(page);
+    } else {
+        focus(controls[*nearest(m_lost, whole(controls))]);
+    }
 }
 
 bool FocusKeeper::move(int key)
