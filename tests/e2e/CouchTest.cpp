@@ -5,6 +5,7 @@
 #include "Waiting.h"
 
 #include <QElapsedTimer>
+#include <QProcess>
 #include <csignal>
 
 using namespace Qt::StringLiterals;
@@ -25,10 +26,18 @@ struct Way {
 class Couch : public CouchPlay, public testing::WithParamInterface<Way> { };
 }
 
+/// Not for every user, and not in every container.
+static bool canMakeNamespaces()
+{
+    return QProcess::execute(u"unshare"_s, {u"--pid"_s, u"--fork"_s, u"--mount-proc"_s, u"true"_s}) == 0;
+}
+
 /// The whole evening with the controller alone: start, menu, save state, screenshot, quit.
 TEST_P(Couch, playsSavesPhotographsAndQuits)
 {
     const Way &way = GetParam();
+    if (QByteArray(way.preferences).contains("boxed") && !canMakeNamespaces())
+        GTEST_SKIP() << "needs the right to make a namespace";
     emulatorName = QString::fromLatin1(way.emulator);
     chooseEmulator(QByteArray(way.preferences).replace("HOME", display.home().toUtf8()));
     display.write(u"bin/boxed"_s, "#!/bin/sh\nexec unshare --pid --fork --mount-proc /usr/games/mgba-qt \"$@\"\n",

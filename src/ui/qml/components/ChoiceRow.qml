@@ -14,6 +14,7 @@ SettingRow {
     role: Accessible.ComboBox
     name: text + ", " + (options[at]?.text ?? "")
     tappable: false
+    sideways: true
     Pad.confirm: Tr.translate("Change")
     implicitHeight: 92
     controlWidth: Math.min(400, width * 0.5)

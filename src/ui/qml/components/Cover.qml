@@ -31,8 +31,9 @@ Item {
               + "x" + Math.round(root.radius * Screen.devicePixelRatio * 10)
     }
     Loader {
-        x: 8
-        y: 8
+        anchors.right: parent.right // a plate's title begins at the left
+        anchors.top: parent.top
+        anchors.margins: 8
         active: root.playing
         sourceComponent: Rectangle {
             width: 35

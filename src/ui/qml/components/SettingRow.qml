@@ -13,6 +13,7 @@ Pressable {
     property bool first: false ///< no line above it
     property bool busy: false ///< what it says is being found out
     property real controlWidth: checkable ? 52 : control.childrenRect.width
+    property bool sideways: checkable && available ///< left and right stay in it: they change its value
     default property alias control: control.data
 
     name: text
@@ -21,6 +22,14 @@ Pressable {
     Accessible.checkable: checkable
     Accessible.checked: checked
     implicitHeight: Math.max(76, words.height + 32)
+    Keys.onLeftPressed: event => {
+        event.accepted = root.sideways
+        if (root.checkable && event.accepted && root.checked) root.activated()
+    }
+    Keys.onRightPressed: event => {
+        event.accepted = root.sideways
+        if (root.checkable && event.accepted && !root.checked) root.activated()
+    }
 
     Rectangle {
         visible: !root.first && !root.lit
