@@ -44,6 +44,7 @@ TEST(WindowShell, blocksStandWhereHomeComes)
 TEST(WindowShell, contentTakesThePlaceOfTheBlocksAndFollowsTheWindow)
 {
     WindowShell shell;
+    shell.setWindowStates(Qt::WindowNoState); // the test's screen is small, so that it would be maximised
     shell.showBlocks(WindowShell::Waiting::forGames);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&shell));
     EXPECT_EQ(shell.contentItem()->childItems().size(), 1);
