@@ -1,4 +1,4 @@
-#include "ui/CoverPlate.h"
+#include "ui/images/CoverPlate.h"
 #include "ui/models/GameListModel.h"
 #include "ui/models/SidebarModel.h"
 

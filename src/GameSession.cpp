@@ -6,12 +6,12 @@
 #include "platform/linux/LinuxServices.h"
 #include "play/ControllerInput.h"
 #include "play/GameFreezer.h"
-#include "play/GameSupervisor.h"
-#include "play/GuideOverlay.h"
-#include "play/PlacementLog.h"
-#include "play/SaveStates.h"
-#include "play/ScreenshotStore.h"
-#include "play/Screenshots.h"
+#include "play/overlay/GuideOverlay.h"
+#include "play/shots/ScreenshotStore.h"
+#include "play/shots/Screenshots.h"
+#include "play/states/SaveStates.h"
+#include "play/supervision/GameSupervisor.h"
+#include "play/supervision/PlacementLog.h"
 #include "ui/overlay/OverlayWindows.h"
 
 #include <QElapsedTimer>

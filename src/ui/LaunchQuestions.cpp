@@ -2,8 +2,8 @@
 
 #include "app/Translator.h"
 #include "catalog/EmulatorDef.h"
-#include "emulators/ControllerGuide.h"
-#include "emulators/InstalledEmulators.h"
+#include "emulators/controllers/ControllerGuide.h"
+#include "emulators/finding/InstalledEmulators.h"
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
 

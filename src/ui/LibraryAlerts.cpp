@@ -2,7 +2,7 @@
 
 #include "app/Translator.h"
 #include "ui/DroppedItems.h"
-#include "ui/PlayDayBars.h"
+#include "ui/facts/PlayDayBars.h"
 
 #include <QDateTime>
 #include <QFileInfo>

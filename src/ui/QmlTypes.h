@@ -2,7 +2,7 @@
 
 #include "app/AppState.h"
 #include "app/Translator.h"
-#include "emulators/InstalledEmulators.h"
+#include "emulators/finding/InstalledEmulators.h"
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
 #include "play/ControllerInput.h"

@@ -1,8 +1,8 @@
 #include "app/HostWordings.h"
 #include "catalog/EmulatorDef.h"
-#include "emulators/ControllerClass.h"
-#include "emulators/ControllerGuide.h"
-#include "emulators/SettingsSupport.h"
+#include "emulators/controllers/ControllerClass.h"
+#include "emulators/controllers/ControllerGuide.h"
+#include "emulators/settings/SettingsSupport.h"
 
 #include <QHash>
 #include <QRegularExpression>

@@ -7,8 +7,8 @@
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
 #include "platform/linux/LinuxServices.h"
-#include "play/GameSupervisor.h"
-#include "play/PlacementLog.h"
+#include "play/supervision/GameSupervisor.h"
+#include "play/supervision/PlacementLog.h"
 
 #include "fakes/FakeAccessibility.h"
 #include "fakes/FakeGameLauncher.h"

@@ -1,4 +1,4 @@
-#include "emulators/AppImageName.h"
+#include "emulators/finding/AppImageName.h"
 
 #include <gtest/gtest.h>
 

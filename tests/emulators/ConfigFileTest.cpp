@@ -1,4 +1,4 @@
-#include "emulators/ConfigFile.h"
+#include "emulators/settings/ConfigFile.h"
 #include "fakes/TemporaryHome.h"
 #include "library/OrdinaryUser.h"
 

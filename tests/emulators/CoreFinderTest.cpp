@@ -1,4 +1,4 @@
-#include "emulators/CoreFinder.h"
+#include "emulators/finding/CoreFinder.h"
 #include "catalog/Console.h"
 #include "fakes/TemporaryHome.h"
 

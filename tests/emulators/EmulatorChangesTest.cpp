@@ -1,5 +1,5 @@
-#include "emulators/EmulatorChanges.h"
-#include "emulators/EmulatorSetUp.h"
+#include "emulators/settings/EmulatorChanges.h"
+#include "emulators/settings/EmulatorSetUp.h"
 #include "fakes/FakeProcessControl.h"
 #include "fakes/FakeTasks.h"
 #include "fakes/ManualClock.h"

@@ -1,5 +1,5 @@
-#include "emulators/EmulatorFinder.h"
-#include "emulators/InstalledEmulators.h"
+#include "emulators/finding/EmulatorFinder.h"
+#include "emulators/finding/InstalledEmulators.h"
 #include "fakes/FakeFileIndex.h"
 #include "fakes/FakeTasks.h"
 #include "fakes/FakeWorkspace.h"

@@ -1,5 +1,5 @@
-#include "emulators/FramePatches.h"
-#include "emulators/InstalledEmulators.h"
+#include "emulators/patches/FramePatches.h"
+#include "emulators/finding/InstalledEmulators.h"
 #include "emulators/SfoFile.h"
 #include "emulators/ZipFile.h"
 #include "fakes/FakeFileIndex.h"

@@ -1,8 +1,8 @@
-#include "emulators/LaunchChecks.h"
-#include "emulators/OpenEmuLibrary.h"
-#include "emulators/ParamSfo.h"
-#include "emulators/SessionLog.h"
-#include "emulators/XemuSetup.h"
+#include "emulators/launch/LaunchChecks.h"
+#include "emulators/launch/OpenEmuLibrary.h"
+#include "emulators/patches/ParamSfo.h"
+#include "emulators/launch/SessionLog.h"
+#include "emulators/bios/XemuSetup.h"
 #include "fakes/TemporaryHome.h"
 
 #include <QTimeZone>

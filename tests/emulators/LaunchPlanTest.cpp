@@ -1,9 +1,9 @@
-#include "emulators/LaunchPlan.h"
+#include "emulators/launch/LaunchPlan.h"
 #include "catalog/EmulatorDef.h"
-#include "emulators/CommandChannel.h"
-#include "emulators/FlatpakAccess.h"
-#include "emulators/QualityValue.h"
-#include "emulators/RetroArchConfig.h"
+#include "emulators/launch/CommandChannel.h"
+#include "emulators/launch/FlatpakAccess.h"
+#include "emulators/settings/QualityValue.h"
+#include "emulators/settings/RetroArchConfig.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "emulators/SettingsSupport.h"
+#include "emulators/settings/SettingsSupport.h"
 
 #include "catalog/EmulatorDef.h"
 

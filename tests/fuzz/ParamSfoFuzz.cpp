@@ -1,6 +1,6 @@
 // Reads very many damaged param.sfo files: velko-fuzz-sfo [RUNS] [SEED]. Built with address checks, which end it at the
 // first byte that is read outside a file. The same seed gives the same files.
-#include "emulators/ParamSfo.h"
+#include "emulators/patches/ParamSfo.h"
 
 #include <QByteArray>
 #include <QtEndian>

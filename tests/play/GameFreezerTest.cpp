@@ -4,7 +4,7 @@
 #include "fakes/FakeKeys.h"
 #include "fakes/FakeWindows.h"
 #include "library/LibraryHouse.h"
-#include "play/PlacementLog.h"
+#include "play/supervision/PlacementLog.h"
 
 #include <gtest/gtest.h>
 

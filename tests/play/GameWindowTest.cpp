@@ -1,7 +1,7 @@
-#include "play/GameWindow.h"
+#include "play/supervision/GameWindow.h"
 
-#include "play/EmulatorHabits.h"
-#include "play/PlayTarget.h"
+#include "play/supervision/EmulatorHabits.h"
+#include "play/supervision/PlayTarget.h"
 
 #include <gtest/gtest.h>
 

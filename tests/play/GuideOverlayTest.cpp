@@ -1,10 +1,10 @@
-#include "play/GuideOverlay.h"
+#include "play/overlay/GuideOverlay.h"
 
-#include "emulators/InstalledEmulators.h"
+#include "emulators/finding/InstalledEmulators.h"
 #include "play/ControllerInput.h"
 #include "play/GameFreezer.h"
-#include "play/SaveStates.h"
-#include "play/Screenshots.h"
+#include "play/states/SaveStates.h"
+#include "play/shots/Screenshots.h"
 
 #include "fakes/FakeGamepads.h"
 #include "fakes/FakeLocalSockets.h"

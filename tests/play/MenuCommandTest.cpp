@@ -1,6 +1,6 @@
-#include "play/MenuCommand.h"
+#include "play/supervision/MenuCommand.h"
 
-#include "play/SaveStatePolicy.h"
+#include "play/states/SaveStatePolicy.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "play/SaveStatePolicy.h"
+#include "play/states/SaveStatePolicy.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "play/SaveStates.h"
+#include "play/states/SaveStates.h"
 
-#include "emulators/CommandChannel.h"
-#include "emulators/InstalledEmulators.h"
+#include "emulators/launch/CommandChannel.h"
+#include "emulators/finding/InstalledEmulators.h"
 
 #include "fakes/FakeAccessibility.h"
 #include "fakes/FakeKeys.h"

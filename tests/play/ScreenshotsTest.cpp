@@ -1,5 +1,5 @@
-#include "play/Screenshots.h"
-#include "play/ScreenshotStore.h"
+#include "play/shots/Screenshots.h"
+#include "play/shots/ScreenshotStore.h"
 
 #include "fakes/FakeScreenCapture.h"
 #include "fakes/FakeTrash.h"

@@ -1,4 +1,4 @@
-#include "play/StateFiles.h"
+#include "play/states/StateFiles.h"
 
 #include "fakes/TemporaryHome.h"
 

@@ -1,4 +1,4 @@
-#include "play/StateTalk.h"
+#include "play/states/StateTalk.h"
 
 #include "fakes/FakeLocalSockets.h"
 

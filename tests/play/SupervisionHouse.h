@@ -1,7 +1,7 @@
 #pragma once
 
-#include "play/GameSupervisor.h"
-#include "play/PlacementLog.h"
+#include "play/supervision/GameSupervisor.h"
+#include "play/supervision/PlacementLog.h"
 
 #include "fakes/FakeAccessibility.h"
 #include "fakes/FakeKeys.h"

@@ -1,6 +1,6 @@
-#include "ui/BiosFacts.h"
+#include "ui/facts/BiosFacts.h"
 
-#include "emulators/BiosFiles.h"
+#include "emulators/bios/BiosFiles.h"
 #include "ui/ListHouse.h"
 
 #include <gtest/gtest.h>

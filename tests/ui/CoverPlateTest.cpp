@@ -1,8 +1,8 @@
-#include "ui/CoverPlate.h"
+#include "ui/images/CoverPlate.h"
 
 #include "catalog/Console.h"
-#include "ui/ConsoleHue.h"
-#include "ui/CoverImageProvider.h"
+#include "ui/images/ConsoleHue.h"
+#include "ui/images/CoverImageProvider.h"
 
 #include <QFile>
 #include <QRegularExpression>

@@ -1,7 +1,7 @@
-#include "ui/EmulatorFacts.h"
+#include "ui/facts/EmulatorFacts.h"
 
-#include "emulators/EmulatorChanges.h"
-#include "emulators/EmulatorOpener.h"
+#include "emulators/settings/EmulatorChanges.h"
+#include "emulators/launch/EmulatorOpener.h"
 #include "ui/ListHouse.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "ui/FocusMoves.h"
+#include "ui/focus/FocusMoves.h"
 
 #include <gtest/gtest.h>
 

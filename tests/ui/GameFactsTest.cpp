@@ -1,4 +1,4 @@
-#include "ui/HomeFacts.h"
+#include "ui/facts/HomeFacts.h"
 
 #include "ui/ListHouse.h"
 

@@ -1,4 +1,4 @@
-#include "ui/GameOptions.h"
+#include "ui/facts/GameOptions.h"
 
 #include "ui/ListHouse.h"
 

@@ -1,4 +1,4 @@
-#include "ui/HomeGames.h"
+#include "ui/models/HomeGames.h"
 
 #include <gtest/gtest.h>
 

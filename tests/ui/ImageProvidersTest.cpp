@@ -1,8 +1,8 @@
-#include "ui/BackdropImageProvider.h"
-#include "ui/FrameImageProvider.h"
-#include "ui/GlowImageProvider.h"
-#include "ui/IconImageProvider.h"
-#include "ui/ShadowImageProvider.h"
+#include "ui/images/BackdropImageProvider.h"
+#include "ui/images/FrameImageProvider.h"
+#include "ui/images/GlowImageProvider.h"
+#include "ui/images/IconImageProvider.h"
+#include "ui/images/ShadowImageProvider.h"
 
 #include <QColor>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "ui/LastPlayedText.h"
+#include "ui/facts/LastPlayedText.h"
 
 #include <QTimeZone>
 #include <gtest/gtest.h>

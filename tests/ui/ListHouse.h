@@ -3,7 +3,7 @@
 #include "app/AppState.h"
 #include "app/Translator.h"
 #include "catalog/Console.h"
-#include "emulators/InstalledEmulators.h"
+#include "emulators/finding/InstalledEmulators.h"
 
 #include "library/LibraryHouse.h"
 

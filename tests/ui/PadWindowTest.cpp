@@ -1,4 +1,4 @@
-#include "ui/FolderList.h"
+#include "ui/facts/FolderList.h"
 #include "ui/WindowHouse.h"
 
 #include <QCursor>

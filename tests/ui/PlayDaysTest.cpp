@@ -1,4 +1,4 @@
-#include "ui/PlayDays.h"
+#include "ui/facts/PlayDays.h"
 
 #include <gtest/gtest.h>
 

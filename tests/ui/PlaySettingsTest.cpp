@@ -1,4 +1,4 @@
-#include "ui/PlaySettings.h"
+#include "ui/facts/PlaySettings.h"
 
 #include "ui/ListHouse.h"
 

@@ -1,4 +1,4 @@
-#include "ui/ProfileFacts.h"
+#include "ui/facts/ProfileFacts.h"
 
 #include "ui/ListHouse.h"
 

@@ -1,4 +1,4 @@
-#include "ui/ShelfModel.h"
+#include "ui/models/ShelfModel.h"
 
 #include "ui/ListHouse.h"
 

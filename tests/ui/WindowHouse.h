@@ -1,14 +1,14 @@
 #pragma once
 
-#include "emulators/BiosFiles.h"
-#include "emulators/EmulatorChanges.h"
+#include "emulators/bios/BiosFiles.h"
+#include "emulators/settings/EmulatorChanges.h"
 #include "fakes/FakeGamepads.h"
 #include "fakes/FakeTrash.h"
 #include "platform/linux/LinuxServices.h"
 #include "play/ControllerInput.h"
-#include "play/ScreenshotStore.h"
+#include "play/shots/ScreenshotStore.h"
 #include "ui/ListHouse.h"
-#include "ui/VelkoWindow.h"
+#include "ui/window/VelkoWindow.h"
 
 #include <QQuickItem>
 #include <QQuickWindow>

@@ -1,6 +1,6 @@
-#include "ui/WindowShell.h"
+#include "ui/window/WindowShell.h"
 
-#include "ui/StartBlocks.h"
+#include "ui/window/StartBlocks.h"
 #include "ui/WindowHouse.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "ui/demo/DemoShots.h"
 
-#include "play/ScreenshotFiles.h"
+#include "play/shots/ScreenshotFiles.h"
 
 #include <QDir>
 #include <QPainter>

@@ -2,7 +2,7 @@
 
 #include "app/Translator.h"
 #include "base/SearchForm.h"
-#include "emulators/InstalledEmulators.h"
+#include "emulators/finding/InstalledEmulators.h"
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
 #include "ui/models/EngineStatus.h"

@@ -1,6 +1,6 @@
 #include "ui/overlay/FrozenImageProvider.h"
 
-#include "play/GuideOverlay.h"
+#include "play/overlay/GuideOverlay.h"
 
 QImage FrozenImageProvider::requestImage(const QString &, QSize *size, const QSize &)
 {

@@ -1,7 +1,7 @@
 #include "ui/overlay/NoticeFacts.h"
 
 #include "app/Translator.h"
-#include "play/GuideOverlay.h"
+#include "play/overlay/GuideOverlay.h"
 #include "ui/overlay/SymbolIcon.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "play/GuideOverlay.h"
+#include "play/overlay/GuideOverlay.h"
 #include "ui/overlay/OverlayRows.h"
 
 #include <QObject>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "play/ScreenshotStore.h"
+#include "play/shots/ScreenshotStore.h"
 #include "ui/shots/ShotListModel.h"
 
 #include <QHash>

@@ -2,8 +2,8 @@
 
 #include "platform/Places.h"
 #include "platform/Tasks.h"
-#include "play/ScreenshotFiles.h"
-#include "ui/PictureResponse.h"
+#include "play/shots/ScreenshotFiles.h"
+#include "ui/images/PictureResponse.h"
 #include "ui/shots/ShotPicture.h"
 
 #include <QPointer>

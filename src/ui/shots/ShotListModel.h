@@ -1,6 +1,6 @@
 #pragma once
 
-#include "play/ScreenshotFiles.h"
+#include "play/shots/ScreenshotFiles.h"
 
 #include <QAbstractListModel>
 #include <QLocale>

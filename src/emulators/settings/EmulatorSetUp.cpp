@@ -1,0 +1,89 @@
+#include "emulators/settings/EmulatorSetUp.h"
+
+#include "emulators/controllers/ControllerClass.h"
+#include "emulators/controllers/ControllerMapping.h"
+#include "emulators/finding/RunningEmulators.h"
+#include "emulators/settings/ConfigFile.h"
+
+namespace {
+/// Everything that one file gets.
+struct Batch {
+    FileEdits file;
+    BackUp backUp = BackUp::no;
+    bool quiets = false;
+};
+
+Batch &batchOf(QList<Batch> &batches, const FileEdits &edits)
+{
+    for (Batch &batch : batches) {
+        if (batch.file.file == edits.file) return batch;
+    }
+    batches += Batch{{edits.file, edits.format, {}}};
+    return batches.last();
+}
+
+void add(QList<Batch> &batches, const FileEdits &edits)
+{
+    if (!edits.file.isEmpty() && !edits.edits.isEmpty()) batchOf(batches, edits).file.edits += edits.edits;
+}
+
+/// Not while the emulator runs: it would write its own settings over ours when it ends.
+QList<FileEdits> quietNow(const SetUpOrder &order, const ProcessControl &processes)
+{
+    const SettingsWish &wish = order.wish;
+    QList<FileEdits> all = quietEdits(wish.emulatorID, wish.host, wish.folders);
+    all.removeIf([&order](const FileEdits &edits) {
+        return edits.file.isEmpty() || order.journal.quieted.contains(edits.file);
+    });
+    const bool runs = !all.isEmpty() && !processesOf(wish.emulatorID, wish.host, processes.running()).isEmpty();
+    return runs ? QList<FileEdits>() : all;
+}
+
+QList<Batch> batchesOf(const SetUpOrder &order, const ProcessControl &processes)
+{
+    const SettingsWish &wish = order.wish;
+    QList<Batch> batches;
+    const FileEdits settings = settingsEdits(wish);
+    if (order.mapsController && controllerClass(wish.emulatorID) == ControllerClass::automatic) {
+        add(batches, {settings.file, settings.format, controllerEdits(wish.emulatorID, wish.host)});
+        batchOf(batches, settings).backUp = BackUp::once;
+    }
+    add(batches, settings);
+    if (wish.emulatorID == QLatin1String("rpcs3") && order.vblankRate)
+        add(batches, vblankRateEdits(wish.folders, *order.vblankRate));
+    for (const FileEdits &quiet : quietNow(order, processes)) {
+        add(batches, quiet);
+        batchOf(batches, quiet).backUp = BackUp::once;
+        batchOf(batches, quiet).quiets = true;
+    }
+    return batches;
+}
+}
+
+SetUpOutcome setUpEmulator(const SetUpOrder &order, const ProcessControl &processes)
+{
+    using Outcome = ConfigFileEdit::Outcome;
+    const SettingsWish &wish = order.wish;
+    const QString settings = settingsFile(wish.emulatorID, wish.folders);
+    SetUpOutcome outcome;
+    for (const Batch &batch : batchesOf(order, processes)) {
+        JournalUpdate update;
+        const ConfigFileEdit edit = editConfigFile(
+            batch.file.file,
+            [&](const QByteArray &text) {
+                update = {};
+                return edited(text, batch.file, wish.emulatorID, order.now, order.journal, update);
+            },
+            batch.backUp);
+        if (edit.outcome == Outcome::failed) outcome.failures += edit.why;
+        if (edit.outcome == Outcome::failed || edit.outcome == Outcome::missing) continue;
+        outcome.update.changed += update.changed;
+        outcome.update.gone += update.gone;
+        if (batch.quiets) outcome.update.quieted.insert(batch.file.file, order.now);
+        if (batch.file.file != settings) continue;
+        outcome.controllerMapped =
+            order.mapsController && controllerClass(wish.emulatorID) == ControllerClass::automatic;
+        outcome.vblankRate = order.vblankRate;
+    }
+    return outcome;
+}

@@ -1,8 +1,0 @@
-#include "ui/PadSurface.h"
-
-#include <QQmlEngine>
-
-PadSurface *PadSurface::of(QObject *item)
-{
-    return qobject_cast<PadSurface *>(qmlAttachedPropertiesObject<PadSurface>(item, false));
-}
