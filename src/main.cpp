@@ -103,7 +103,7 @@ public:
           m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators, m_changes,
                      [this] { return session(); }),
           m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
-          m_bios(places, m_emulators, preferences, *m_workspace, *m_tasks),
+          m_bios(places, m_emulators, preferences, *m_workspace, *m_tasks, m_changes),
           m_commands(places, m_library, m_emulators.finder(), preferences, m_bios, *m_tasks, m_translator)
     {
         m_state.setProperty("language", code(m_translator.language()));

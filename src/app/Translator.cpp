@@ -18,5 +18,5 @@ QString Translator::fill(const QString &text, const QStringList &arguments) cons
 
 QString Translator::message(const Message &message) const
 {
-    return fill(message.text, message.arguments);
+    return told(message, [this](const QString &text) { return translate(text); });
 }

@@ -227,6 +227,18 @@ TEST_F(GuideOverlayTest, quitWantsASecondPressThatNothingElseGives)
     EXPECT_EQ(notice(), QString());
 }
 
+TEST_F(GuideOverlayTest, countsOnWhileTheEmulatorStillSaves)
+{
+    start(u"retroarch"_s);
+    house.processes.stubborn = {pid};
+    const Timer saving = house.clock.every(500ms, [this] { house.processes.written[pid] += 4096; });
+    chord();
+    choose(GuideItem::quit);
+    pads.tap(PadButton::a);
+    advance(5s);
+    EXPECT_EQ(notice(), u"Closes by itself in 7 s, no need to press ⌘Q");
+}
+
 TEST_F(GuideOverlayTest, questionWhileQuittingIsTheUsersAndTheMenuComesBackOnDemand)
 {
     start();

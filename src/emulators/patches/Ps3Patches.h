@@ -2,6 +2,7 @@
 
 #include "base/Host.h"
 #include "emulators/launch/GameIdentity.h"
+#include "emulators/settings/ConfigEdit.h"
 
 #include <QByteArray>
 #include <QList>
@@ -50,8 +51,8 @@ QList<PS3PatchUse> ps3PatchesFor(const GameIdentity &game, const QList<PS3PatchE
 /// Whether RPCS3's patch_config.yml switches the patch on; nothing where it says nothing about it.
 std::optional<bool> ps3PatchSwitch(const QByteArray &config, const PS3PatchUse &use);
 
-/// patch_config.yml with the patch switched; nothing else in it changes. Nothing when the text cannot be edited.
-std::optional<QByteArray> withPs3Patch(const QByteArray &config, const PS3PatchUse &use, bool on, Host host);
+/// The edit of patch_config.yml that switches the patch, in the form that the text has already, if any.
+ConfigEdit ps3PatchEdit(const QByteArray &config, const PS3PatchUse &use, bool on, Host host);
 
 // The entries as our own file holds them.
 QByteArray encodePs3Patches(const QList<PS3PatchEntry> &entries);

@@ -195,7 +195,7 @@ SettingsSupport GuideOverlay::support() const
 QList<GuideSetting> GuideOverlay::settings() const
 {
     const bool byHand = m_session && controllerClass(m_session->engine) == ControllerClass::manual;
-    return guideSettings(support(), byHand);
+    return guideSettings(support(), byHand, m_reach.host);
 }
 
 void GuideOverlay::changeSetting(int by)
