@@ -54,7 +54,7 @@ GameSession::Content::Content(const GameSessionParts &given, VelkoFront front)
              given.library, given.emulators),
       screenshots(given.places, given.clock, given.tasks, *windows, *capture, given.processes),
       guide({reach, given.library, given.preferences, given.controller, freezer, supervisor, states, screenshots,
-             *capture},
+             *capture, given.emulators},
             std::move(front))
 {
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()))

@@ -36,7 +36,7 @@ struct GuideOverlayTest : SupervisionHouse {
     int velkoShown = 0;
     QStringList order; ///< of what happens to game and panel
     GuideOverlay guide{
-        {reach, library, house.preferences, controller, *freezer, supervisor, states, screenshots, capture},
+        {reach, library, house.preferences, controller, *freezer, supervisor, states, screenshots, capture, emulators},
         {.show = [this] { ++velkoShown; }}};
 
     GuideOverlayTest()

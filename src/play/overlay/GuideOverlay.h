@@ -20,6 +20,7 @@
 class ControllerInput;
 class GameFreezer;
 class GameSupervisor;
+class InstalledEmulators;
 class LibraryStore;
 class Preferences;
 class SaveStates;
@@ -37,6 +38,7 @@ struct GuideParts {
     SaveStates &states;
     Screenshots &screenshots;
     ScreenCapture &capture;
+    const InstalledEmulators &emulators;
 };
 
 /// Velko's own windows, as far as the overlay deals with them.
@@ -67,6 +69,7 @@ public:
     Message aboutStates() const; ///< what the items for save states say of this game
     GameSettings gameSettings() const; ///< of the running game, or what a game without any has
     SettingsSupport support() const; ///< of the game's emulator, with the game's present quality
+    bool counterMissing() const; ///< of frames: the emulator has none, and MangoHud is not installed
     QList<GuideSetting> settings() const; ///< the rows of the settings page
     int settingsPad() const { return m_settingsPad; } ///< the selected one
     QStringList controllerSteps() const; ///< of the controller page, in English

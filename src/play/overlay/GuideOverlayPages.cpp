@@ -1,6 +1,7 @@
 // What can be done on the pages of the menu over a game.
 #include "emulators/controllers/ControllerClass.h"
 #include "emulators/controllers/ControllerGuide.h"
+#include "emulators/finding/InstalledEmulators.h"
 #include "emulators/settings/QualityValue.h"
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
@@ -190,6 +191,11 @@ SettingsSupport GuideOverlay::support() const
     const QualityPreset standing = defaultQuality(m_parts.preferences.get(preference::defaultQuality));
     return settingsSupport(m_session ? m_session->engine : QString(), gameSettings().quality.value_or(standing),
                            m_reach.host);
+}
+
+bool GuideOverlay::counterMissing() const
+{
+    return m_session && counterNeedsMangoHud(m_session->engine, m_reach.host) && !m_parts.emulators.mangoHud();
 }
 
 QList<GuideSetting> GuideOverlay::settings() const

@@ -301,7 +301,13 @@ OverlayRow OverlayFacts::row(GuideSetting setting) const
     case widescreen:
         return {.kind = Kind::toggle, .icon = u"wide"_s, .title = text(u"Widescreen"_s), .on = settings.widescreen};
     case showFPS:
-        return {.kind = Kind::toggle, .icon = u"eye"_s, .title = text(u"Show FPS"_s), .on = settings.showFPS};
+        return {.kind = Kind::toggle,
+                .icon = u"eye"_s,
+                .title = text(u"Show FPS"_s),
+                .detail = m_guide.counterMissing()
+                    ? text(u"Install MangoHud to see it: there is no counter of its own here"_s)
+                    : QString(),
+                .on = settings.showFPS};
     case fullScreen:
         return {.kind = Kind::toggle,
                 .icon = u"fullscreen"_s,
