@@ -37,7 +37,7 @@ signals:
     void controllerNameChanged();
 
 private:
-    void connected(const Pad &pad);
+    void configureController(const Pad &pad);
     void disconnected();
     void pressed(int pad, PadButton button);
     void released(int pad, PadButton button);
@@ -51,5 +51,5 @@ private:
     Clock &m_clock;
     QString m_controllerName;
     std::optional<PadEvent> m_heldDirection;
-    Timer m_repeat;
+    Timer m_repeatTimer;
 };

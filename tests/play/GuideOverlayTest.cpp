@@ -3,8 +3,8 @@
 #include "emulators/finding/InstalledEmulators.h"
 #include "play/ControllerInput.h"
 #include "play/GameFreezer.h"
-#include "play/states/SaveStates.h"
 #include "play/shots/Screenshots.h"
+#include "play/states/SaveStates.h"
 
 #include "fakes/FakeGamepads.h"
 #include "fakes/FakeLocalSockets.h"
@@ -35,7 +35,7 @@ struct GuideOverlayTest : SupervisionHouse {
     int velkoShown = 0;
     QStringList order; ///< of what happens to game and panel
     GuideOverlay guide{
-        {reach, library, house.preferences, controller, *freezer, supervisor, states, screenshots, capture},
+        {reach, library, house.preferences, controller, *freezer, supervisor, states, screenshots, capture, emulators},
         {.show = [this] { ++velkoShown; }}};
 
     GuideOverlayTest()
@@ -185,6 +185,18 @@ TEST_F(GuideOverlayTest, quitWantsASecondPressThatNothingElseGives)
     EXPECT_FALSE(guide.isOpen());
     EXPECT_FALSE(guide.session());
     EXPECT_EQ(notice(), QString());
+}
+
+TEST_F(GuideOverlayTest, countsOnWhileTheEmulatorStillSaves)
+{
+    start(u"retroarch"_s);
+    house.processes.stubborn = {pid};
+    const Timer saving = house.clock.every(500ms, [this] { house.processes.written[pid] += 4096; });
+    chord();
+    choose(GuideItem::quit);
+    pads.tap(PadButton::a);
+    advance(5s);
+    EXPECT_EQ(notice(), u"Closes by itself in 7 s, no need to press ⌘Q");
 }
 
 TEST_F(GuideOverlayTest, questionWhileQuittingIsTheUsersAndTheMenuComesBackOnDemand)

@@ -1,7 +1,7 @@
 #include "play/states/SaveStates.h"
 
-#include "emulators/launch/CommandChannel.h"
 #include "emulators/finding/InstalledEmulators.h"
+#include "emulators/launch/CommandChannel.h"
 
 #include "fakes/FakeAccessibility.h"
 #include "fakes/FakeKeys.h"
@@ -285,6 +285,11 @@ TEST_F(SaveStatesTest, goesOnFromAStateAfterTheStart)
     accessibility.available = false;
     startAgain(true);
     EXPECT_EQ(toast, u"Allow Velko in Accessibility to load your save state automatically."_s);
+    library.resume(id);
+    house.launcher.answer(StartedGame{10, {}, u"mgba"_s, {}});
     states.continueFromState(mgba());
     EXPECT_EQ(toasts, 3) << "resumed by itself";
+    QFile::remove(state);
+    states.continueFromState(mgba());
+    EXPECT_EQ(toast, u"Couldn't load the save state: use Load state in the menu"_s);
 }

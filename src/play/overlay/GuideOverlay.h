@@ -19,6 +19,7 @@
 class ControllerInput;
 class GameFreezer;
 class GameSupervisor;
+class InstalledEmulators;
 class LibraryStore;
 class Preferences;
 class SaveStates;
@@ -36,6 +37,7 @@ struct GuideParts {
     SaveStates &states;
     Screenshots &screenshots;
     ScreenCapture &capture;
+    const InstalledEmulators &emulators;
 };
 
 /// Velko's own windows, as far as the overlay deals with them.
@@ -66,6 +68,7 @@ public:
     Message aboutStates() const; ///< what the items for save states say of this game
     GameSettings gameSettings() const; ///< of the running game, or what a game without any has
     SettingsSupport support() const; ///< of the game's emulator, with the game's present quality
+    bool counterMissing() const; ///< of frames: the emulator has none, and MangoHud is not installed
     QList<GuideSetting> settings() const; ///< the rows of the settings page
     int settingsPad() const { return m_settingsPad; } ///< the selected one
     QStringList controllerSteps() const; ///< of the controller page, in English

@@ -288,11 +288,20 @@ OverlayRow OverlayFacts::row(GuideSetting setting) const
                 .detail = translated(qualityCaption(support.emulatorID, support.quality, m_host)),
                 .value = text(presetTitle(support.quality))};
     case fps60:
-        return {.kind = Kind::toggle, .icon = u"gauge"_s, .title = text(u"60 FPS"_s), .on = settings.fps60};
+        return {.kind = Kind::toggle,
+                .icon = u"gauge"_s,
+                .title = text(m_guide.session()->isNative() ? u"Force 60 FPS"_s : u"60 FPS"_s),
+                .on = settings.fps60};
     case widescreen:
         return {.kind = Kind::toggle, .icon = u"wide"_s, .title = text(u"Widescreen"_s), .on = settings.widescreen};
     case showFPS:
-        return {.kind = Kind::toggle, .icon = u"eye"_s, .title = text(u"Show FPS"_s), .on = settings.showFPS};
+        return {.kind = Kind::toggle,
+                .icon = u"eye"_s,
+                .title = text(u"Show FPS"_s),
+                .detail = m_guide.counterMissing()
+                    ? text(u"Install MangoHud to see it: there is no counter of its own here"_s)
+                    : QString(),
+                .on = settings.showFPS};
     case fullScreen:
         return {.kind = Kind::toggle,
                 .icon = u"fullscreen"_s,
