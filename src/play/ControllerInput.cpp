@@ -97,8 +97,8 @@ void ControllerInput::pressed(int pad, PadButton button)
     // The chord has no order and no time limit: what counts is whether the other button is down now.
     if (button == PadButton::menu)
         dispatch(m_gamepads.isHeld(pad, PadButton::view) ? PadEvent::guide : PadEvent::menu);
-    else if (button == PadButton::view && m_gamepads.isHeld(pad, PadButton::menu))
-        dispatch(PadEvent::guide);
+    else if (button == PadButton::view)
+        m_gamepads.isHeld(pad, PadButton::menu) ? dispatch(PadEvent::guide) : call(onChordBegun);
     else if (button == PadButton::share)
         call(onShare);
 }

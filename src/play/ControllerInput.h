@@ -23,6 +23,7 @@ public:
     std::function<bool()> acceptsInBackground; ///< true: Velko comes to the front and takes the event; unset: dropped
     std::function<void(PadEvent)> overlayHandler; ///< takes everything but `guide` in place of `onEvent`
     std::function<void()> onGuide;
+    std::function<void()> onChordBegun; ///< View went down, and Menu may follow
     std::function<void()> onShare;
     bool hidesCursor = false; ///< each event hides the pointer until it moves, while Velko is the active program
     std::function<void()> onAnyInput; ///< before each event but `guide` is delivered

@@ -58,6 +58,8 @@ TEST_F(ScreenshotGalleryTest, theViewerStaysWithinItsGame)
     EXPECT_EQ(gallery.index(), 2);
     gallery.setIndex(1);
     EXPECT_EQ(gallery.dateText(), u"9 Nov 2026, 21:02"_s);
+    store.add(put(u"Lanterns"_s, 9));
+    EXPECT_EQ(gallery.dateText(), u"9 Nov 2026, 21:02"_s) << "a new one pushes nothing away";
     gallery.close();
     EXPECT_FALSE(gallery.viewing());
     EXPECT_EQ(gallery.source(), QString());

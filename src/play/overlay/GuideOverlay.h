@@ -4,6 +4,7 @@
 #include "play/GameReach.h"
 #include "play/PadEvent.h"
 #include "play/RunningGame.h"
+#include "play/overlay/GamePicture.h"
 #include "play/overlay/GuideHint.h"
 #include "play/overlay/GuideItem.h"
 #include "play/overlay/GuideNotices.h"
@@ -79,9 +80,13 @@ public:
         return m_picture;
     } ///< of the game, while the panel is open; null: none was to be had
     QString display() const; ///< the output that the game is on, or will be
-    const std::optional<QString> &curtain() const { return m_curtain; } ///< the output that the curtain covers
+    /// The output that the curtain covers now. It makes room for the menu, and for what the emulator asks.
+    const std::optional<QString> &curtain() const { return m_curtain; }
     GuideNotices &notices() { return m_notices; }
     GuideHint &hint() { return m_hint; }
+    /// Around the time that a notice lies over this place of the screen.
+    void noticeComes(const QRect &place) { m_gamePicture.noticeComes(place); }
+    void noticeGoes() { m_gamePicture.noticeGoes(); }
 
     void begin(const RunningGame &game); ///< it has just started; the supervisor has been told
     void toggle(); ///< View and Menu
@@ -121,10 +126,12 @@ private:
     void frozenChanged();
     void activeChanged();
     void supervised();
-    void setCurtain(std::optional<QString> display);
+    void wantCurtain(std::optional<QString> display);
+    void updateCurtain();
+    void clearView();
     void logOpening();
     std::optional<AppWindow> gameWindow() const;
-    QImage takenPicture() const;
+    QImage takenPicture();
     void activateGame();
 
     GuideParts m_parts;
@@ -142,7 +149,9 @@ private:
     bool m_open = false;
     bool m_closing = false; ///< the game goes on because the panel closes
     GuidePage m_opener = GuidePage::menu; ///< where the controller page was opened from
+    GamePicture m_gamePicture;
     QImage m_picture;
+    std::optional<QString> m_wantedCurtain; ///< by the supervision
     std::optional<QString> m_curtain;
     GuideNotices m_notices;
     SupervisorNotices m_supervisorNotices;
