@@ -261,6 +261,21 @@ TEST_F(SaveStatesTest, goesOnOnceTheEmulatorCanLoad)
     EXPECT_EQ(accessibility.pressed.size(), 1);
 }
 
+TEST_F(SaveStatesTest, waitsForTheWindowAlsoWhereNoMenuCanBeReached)
+{
+    accessibility.available = false;
+    library.stateSaved(id, write(u"Roms/Lanterns.ml1"_s));
+    library.resume(id);
+    house.launcher.answer(StartedGame{10, {}, u"melonds"_s, {}});
+    const auto shown = std::exchange(windows.windows, {});
+    states.continueFromState(game(u"melonds"_s, u"melonDS"_s));
+    wait(3s);
+    EXPECT_EQ(toasts, 0);
+    windows.windows = shown;
+    wait(3s);
+    EXPECT_EQ(toast, u"Save state loaded"_s);
+}
+
 TEST_F(SaveStatesTest, goesOnFromAStateAfterTheStart)
 {
     const RunningGame melonDS = game(u"melonds"_s, u"melonDS"_s);

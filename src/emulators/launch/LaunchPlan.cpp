@@ -116,10 +116,15 @@ bool opensItself(const QString &path, const Console &console, Host host)
     return path.endsWith(host == Host::mac ? ".app"_L1 : ".appimage"_L1, Qt::CaseInsensitive);
 }
 
+QString engineOfNativeGame(const Console &console)
+{
+    return console.engine == Engine::nxnative ? u"nxnative"_s : u"native"_s;
+}
+
 LaunchPlan planNativeGame(const LaunchRequest &request, const Console &console, const LaunchFacts &facts)
 {
     LaunchPlan plan;
-    plan.engine = console.engine == Engine::nxnative ? u"nxnative"_s : u"native"_s;
+    plan.engine = engineOfNativeGame(console);
     plan.applicationID = applicationIDOf({}, request.path);
     plan.command = {request.path};
     plan.workingFolder = facts.home;

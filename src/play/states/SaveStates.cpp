@@ -251,7 +251,9 @@ void SaveStates::succeed()
 void SaveStates::fail()
 {
     Command &command = *m_command;
-    if (command.atLaunch && !command.menusOutOfReach && command.rounds < roundsAtLaunch) {
+    const auto ways = stateWays(command.game.engine, m_reach.places.host, command.facts.keysBound);
+    const bool hopeless = command.menusOutOfReach && ways == QList{StateWay::menu};
+    if (command.atLaunch && !hopeless && command.rounds < roundsAtLaunch) {
         ++command.rounds;
         command.timer = m_reach.clock.after(betweenRounds, [this] { tryAllWays(); });
         return;
