@@ -38,12 +38,15 @@ struct LaunchRefusal {
 
 using LaunchResult = Result<StartedGame, LaunchRefusal>;
 
-/// Starts games for the library, which does not know how. Main thread; `done` comes once, on the main thread, and never
-/// from inside `launch`.
+/// Starts games for the library, which does not know how. Main thread; `done` comes at most once, on the main thread,
+/// and never from inside `launch`.
 class GameLauncher {
 public:
     virtual ~GameLauncher() = default;
     virtual void launch(const LaunchRequest &request, std::function<void(LaunchResult)> done) = 0;
+
+    /// Gives up launches that have started no program yet: none starts, and `done` does not come.
+    virtual void cancel() = 0;
 
     /// The emulator in which the user has to set the controller up before this game is played, and wants to be told so;
     /// empty: none, as far as is known. Quick.

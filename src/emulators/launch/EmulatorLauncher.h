@@ -25,24 +25,31 @@ public:
 
     using Done = std::function<void(LaunchResult)>;
     void launch(const LaunchRequest &request, Done done) override;
+    void cancel() override;
     QString controllerToSetUp(const LaunchRequest &request) const override;
 
     /// With them a game that wants 60 FPS waits a few seconds for its list of patches, when there is none at all yet.
     void setPatches(FramePatches *patches) { m_patches = patches; }
 
 private:
+    struct Order {
+        LaunchRequest request;
+        Done done;
+        int round = 0;
+    };
     /// A launch that waits for running programs to end.
     struct Waiting {
         PreparedLaunch launch;
-        Done done;
+        Order order;
         std::chrono::milliseconds giveUp; ///< in the clock's awake time
         Timer timer;
     };
 
-    void prepare(const LaunchRequest &request, Done done);
-    void endRunning(PreparedLaunch launch, Done done);
+    bool isCancelled(const Order &order) const { return order.round != m_round; }
+    void prepare(const Order &order, bool listCancelled);
+    void endRunning(PreparedLaunch launch, const Order &order);
     void lookAgain(std::list<Waiting>::iterator waiting);
-    void setUp(const PreparedLaunch &launch, const Done &done);
+    void setUp(const PreparedLaunch &launch, const Order &order);
     void start(const PreparedLaunch &launch, const QList<Message> &shortcomings, const Done &done);
 
     Places m_places;
@@ -56,4 +63,5 @@ private:
     std::function<Session()> m_session;
     FramePatches *m_patches = nullptr;
     std::list<Waiting> m_waiting;
+    int m_round = 0; ///< launches of an earlier one have been cancelled
 };
