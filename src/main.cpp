@@ -14,6 +14,7 @@
 #include "emulators/patches/FramePatches.h"
 #include "emulators/settings/EmulatorChanges.h"
 #include "library/LibraryStore.h"
+#include "platform/Endpoints.h"
 #include "platform/Preferences.h"
 #include "platform/RequestChannel.h"
 #include "platform/linux/LinuxServices.h"
@@ -98,8 +99,7 @@ public:
                        places.host),
           m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
           m_changes(places, *m_clock, *m_tasks, *m_processes),
-          m_patches(places, endpointsFrom(qEnvironmentVariable("VELKO_ENDPOINTS")), m_emulators, *m_http, *m_clock,
-                    *m_tasks),
+          m_patches(places, m_endpoints, m_emulators, *m_http, *m_clock, *m_tasks),
           m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators, m_changes,
                      [this] { return session(); }),
           m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
@@ -179,10 +179,10 @@ private:
 
     bool buildWindow()
     {
-        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_screenshots, m_emulators, m_bios,
-                                                             m_changes, m_preferences, m_translator, *m_clock, *m_tasks,
-                                                             *m_workspace, m_places, m_controller, &m_patches},
-                                                 std::move(m_shell));
+        m_window = std::make_unique<VelkoWindow>(
+            WindowParts{m_state, m_library, m_screenshots, m_emulators, m_bios, m_changes, m_preferences, m_translator,
+                        *m_clock, *m_tasks, *m_workspace, m_places, m_controller, &m_patches, m_endpoints},
+            std::move(m_shell));
         if (!m_window->load()) {
             m_window.reset();
             return false;
@@ -259,6 +259,7 @@ private:
     }
 
     const Places m_places;
+    const Endpoints m_endpoints = endpointsFrom(qEnvironmentVariable("VELKO_ENDPOINTS"));
     const std::unique_ptr<Clock> m_clock = makeClock();
     const std::unique_ptr<Workspace> m_workspace = makeWorkspace(m_places);
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
@@ -372,6 +373,9 @@ int main(int argc, char **argv)
     }
 
     EarlyRequests early(*channel);
+    logTo(places.logFile());
+    Preferences preferences(places.preferencesFile());
+    migrateLegacyPreferences(places, preferences);
     auto tasks = makeTasks();
     std::unique_ptr<WindowShell> shell;
     if (isForWindow(command.value())) {
@@ -379,9 +383,6 @@ int main(int argc, char **argv)
         shell = showShell(places);
         if (!shell) return 0;
     }
-    logTo(places.logFile());
-    Preferences preferences(places.preferencesFile());
-    migrateLegacyPreferences(places, preferences);
     Program program(places, preferences, *channel, std::move(tasks), std::move(shell));
     program.serveTerminal(arguments);
     early.passTo(program);

@@ -99,6 +99,8 @@ TEST(Ps3Patches, areReadWithAnchorsAndWithoutBrokenBlocks)
     EXPECT_EQ(versions(u"BLUS30443"_s, u"01.04"_s), "PPU-first BLUS30443 01.04, PPU-all All All");
     EXPECT_EQ(versions(u"BLUS30443"_s, u"02.00"_s), "PPU-all All All");
     EXPECT_EQ(versions(u"BLES00932"_s, {}), "PPU-first BLES00932 01.00, PPU-all All All");
+    const PS3PatchEntry anyVersion{{u"PPU"_s, u"60 FPS"_s, u"T"_s, {u"BLUS30443"_s}, {}}, {{}}};
+    EXPECT_EQ(ps3PatchesFor({u"BLUS30443"_s, u"01.04"_s}, {anyVersion}).value(0).version, u"All");
 }
 
 TEST(Ps3Patches, hostileListsEnd)

@@ -1,7 +1,7 @@
 #include "play/states/SaveStates.h"
 
-#include "emulators/launch/CommandChannel.h"
 #include "emulators/finding/InstalledEmulators.h"
+#include "emulators/launch/CommandChannel.h"
 
 #include "fakes/FakeAccessibility.h"
 #include "fakes/FakeKeys.h"
@@ -146,7 +146,7 @@ TEST_P(MenuSearch, saysWhatWentWrong)
 {
     const QString state = house.places.data + u"/azahar-emu/states/0004000000030800.00.cst"_s;
     write(QDir(house.home.path()).relativeFilePath(state));
-    accessibility.available = GetParam().available;
+    accessibility.available = keys.reachable = GetParam().available;
     if (GetParam().entry)
         accessibility.menus[11] = {{u"Quick Save"_s, {}, true, true, u"a"_s},
                                    {u"Quick Load"_s, {}, true, true, u"b"_s}};
@@ -242,6 +242,16 @@ TEST_F(SaveStatesTest, theEndOfTheGameEndsTheCommand)
     EXPECT_EQ(house.clock.pending(), 0);
 }
 
+TEST_F(SaveStatesTest, theKeyIsForWhereNoMenuCanBeReached)
+{
+    accessibility.available = false;
+    keys.onPress = [&](const KeyStroke &) { write(u".local/share/azahar-emu/states/0004000000030800.01.cst"_s); };
+    states.save(game(u"azahar"_s, u"Azahar"_s));
+    wait(300ms);
+    EXPECT_EQ(toast, u"State saved"_s);
+    EXPECT_EQ(keys.pressed, (QList<KeyStroke>{{Qt::Key_C, Qt::ControlModifier}}));
+}
+
 TEST_F(SaveStatesTest, goesOnOnceTheEmulatorCanLoad)
 {
     const QString state = house.places.data + u"/azahar-emu/states/0004000000030800.00.cst"_s;
@@ -259,6 +269,21 @@ TEST_F(SaveStatesTest, goesOnOnceTheEmulatorCanLoad)
     wait(3s);
     EXPECT_EQ(toast, u"Save state loaded"_s);
     EXPECT_EQ(accessibility.pressed.size(), 1);
+}
+
+TEST_F(SaveStatesTest, waitsForTheWindowAlsoWhereNoMenuCanBeReached)
+{
+    accessibility.available = false;
+    library.stateSaved(id, write(u"Roms/Lanterns.ml1"_s));
+    library.resume(id);
+    house.launcher.answer(StartedGame{10, {}, u"melonds"_s, {}});
+    const auto shown = std::exchange(windows.windows, {});
+    states.continueFromState(game(u"melonds"_s, u"melonDS"_s));
+    wait(3s);
+    EXPECT_EQ(toasts, 0);
+    windows.windows = shown;
+    wait(3s);
+    EXPECT_EQ(toast, u"Save state loaded"_s);
 }
 
 TEST_F(SaveStatesTest, goesOnFromAStateAfterTheStart)
@@ -285,6 +310,11 @@ TEST_F(SaveStatesTest, goesOnFromAStateAfterTheStart)
     accessibility.available = false;
     startAgain(true);
     EXPECT_EQ(toast, u"Allow Velko in Accessibility to load your save state automatically."_s);
+    library.resume(id);
+    house.launcher.answer(StartedGame{10, {}, u"mgba"_s, {}});
     states.continueFromState(mgba());
     EXPECT_EQ(toasts, 3) << "resumed by itself";
+    QFile::remove(state);
+    states.continueFromState(mgba());
+    EXPECT_EQ(toast, u"Couldn't load the save state: use Load state in the menu"_s);
 }

@@ -64,13 +64,19 @@ void EmulatorLauncher::prepare(const Order &order, bool listCancelled)
     });
 }
 
-QString EmulatorLauncher::controllerToSetUp(const LaunchRequest &request) const
+QString EmulatorLauncher::engineFor(const LaunchRequest &request) const
 {
     const Console *console = consoleWithID(request.consoleID, m_places.host);
-    if (!console || opensItself(request.path, *console, m_places.host) || m_session().controllers.isEmpty()) return {};
+    if (console && opensItself(request.path, *console, m_places.host)) return engineOfNativeGame(*console);
     const auto emulator = m_emulators.forConsole(request.consoleID);
-    if (!emulator || controllerClass(emulator->emulatorID) != ControllerClass::manual) return {};
-    const QString &id = emulator->emulatorID;
+    return emulator ? emulator->emulatorID : QString();
+}
+
+QString EmulatorLauncher::controllerToSetUp(const LaunchRequest &request) const
+{
+    const QString id = engineFor(request);
+    if (id.isEmpty() || controllerClass(id) != ControllerClass::manual) return {};
+    if (m_session().controllers.isEmpty()) return {};
     const bool settled = m_preferences.get(preference::controllerConfigured(id))
         || m_preferences.get(preference::hideControllerNotice(id));
     return settled ? QString() : id;

@@ -115,8 +115,8 @@ QStringList pathOf(const PS3PatchUse &use)
 std::optional<QString> fittingVersion(const QString &version, const QStringList &listed)
 {
     if (!version.isEmpty() && listed.contains(version)) return version;
-    if (listed.contains(all)) return all;
-    return version.isEmpty() && !listed.isEmpty() ? std::optional(listed.first()) : std::nullopt;
+    if (listed.contains(all) || listed.isEmpty()) return all;
+    return version.isEmpty() ? std::optional(listed.first()) : std::nullopt;
 }
 }
 

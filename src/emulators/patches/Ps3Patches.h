@@ -45,7 +45,8 @@ struct PS3PatchUse {
     bool operator==(const PS3PatchUse &) const = default;
 };
 
-/// Every patch for this game, in file order. Without a known version every listed one fits.
+/// Every patch for this game, in file order. Without a known version every listed one fits; where the list names none,
+/// it is for all.
 QList<PS3PatchUse> ps3PatchesFor(const GameIdentity &game, const QList<PS3PatchEntry> &entries);
 
 /// Whether RPCS3's patch_config.yml switches the patch on; nothing where it says nothing about it.
