@@ -47,6 +47,7 @@ public:
 
     /// Gives up launches that have started no program yet: none starts, and `done` does not come.
     virtual void cancel() = 0;
+
     /// What will play the game, in the words of `StartedGame::engine`, as far as is known now; empty: not known. Quick.
     virtual QString engineFor(const LaunchRequest &) const { return {}; }
 
