@@ -292,11 +292,17 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv, const 
 {
     const bool wantsDisplay = isForWindow(command) || command.kind == Command::Kind::play;
     if (!wantsDisplay || !places.displayPresent) return std::make_unique<QCoreApplication>(argc, argv);
+    // On Wayland nobody may put a window over a game's, nor give it the keyboard; on XWayland Velko may. What it starts
+    // chooses for itself.
+    const bool chosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    if (!chosen && qEnvironmentVariableIsSet("DISPLAY")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
     auto application = std::make_unique<QGuiApplication>(argc, argv);
+    if (!chosen) qunsetenv("QT_QPA_PLATFORM");
     QGuiApplication::setDesktopFileName(u"velko"_s);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     return application;
 }
+
 /// Requests that come before there is a program to serve them.
 class EarlyRequests {
 public:
