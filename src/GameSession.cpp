@@ -54,7 +54,7 @@ GameSession::Content::Content(const GameSessionParts &given, VelkoFront front)
              given.library, given.emulators),
       screenshots(given.places, given.clock, given.tasks, *windows, *capture, given.processes),
       guide({reach, given.library, given.preferences, given.controller, freezer, supervisor, states, screenshots,
-             *capture},
+             *capture, given.emulators},
             std::move(front))
 {
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
@@ -89,6 +89,7 @@ void GameSession::Content::begin(const QString &gameID, const StartedGame &progr
     const bool fullScreen = game->settings ? game->settings->fullScreen.value_or(true) : true;
     supervisor.startWatching(running, {.fullScreenWanted = fullScreen, .showCurtain = true});
     guide.begin(running);
+    if (!supervisor.placing()) states.continueFromState(running); // its window is left where it appears
 }
 
 /// Until there is a game, the key belongs to other programs.

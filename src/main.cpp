@@ -14,6 +14,7 @@
 #include "emulators/patches/FramePatches.h"
 #include "emulators/settings/EmulatorChanges.h"
 #include "library/LibraryStore.h"
+#include "platform/Endpoints.h"
 #include "platform/Preferences.h"
 #include "platform/RequestChannel.h"
 #include "platform/linux/LinuxServices.h"
@@ -98,13 +99,12 @@ public:
                        places.host),
           m_emulators(places, *m_workspace, *m_index, preferences, *m_tasks),
           m_changes(places, *m_clock, *m_tasks, *m_processes),
-          m_patches(places, endpointsFrom(qEnvironmentVariable("VELKO_ENDPOINTS")), m_emulators, *m_http, *m_clock,
-                    *m_tasks),
+          m_patches(places, m_endpoints, m_emulators, *m_http, *m_clock, *m_tasks),
           m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators, m_changes,
                      [this] { return session(); }),
           m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher,
                     std::move(reading)),
-          m_bios(places, m_emulators, preferences, *m_workspace, *m_tasks),
+          m_bios(places, m_emulators, preferences, *m_workspace, *m_tasks, m_changes),
           m_commands(places, m_library, m_emulators.finder(), preferences, m_bios, *m_tasks, m_translator)
     {
         m_state.setProperty("language", code(m_translator.language()));
@@ -180,10 +180,10 @@ private:
 
     bool buildWindow()
     {
-        m_window = std::make_unique<VelkoWindow>(WindowParts{m_state, m_library, m_screenshots, m_emulators, m_bios,
-                                                             m_changes, m_preferences, m_translator, *m_clock, *m_tasks,
-                                                             *m_workspace, m_places, m_controller, &m_patches},
-                                                 std::move(m_shell));
+        m_window = std::make_unique<VelkoWindow>(
+            WindowParts{m_state, m_library, m_screenshots, m_emulators, m_bios, m_changes, m_preferences, m_translator,
+                        *m_clock, *m_tasks, *m_workspace, m_places, m_controller, &m_patches, m_endpoints},
+            std::move(m_shell));
         if (!m_window->load()) {
             m_window.reset();
             return false;
@@ -260,6 +260,7 @@ private:
     }
 
     const Places m_places;
+    const Endpoints m_endpoints = endpointsFrom(qEnvironmentVariable("VELKO_ENDPOINTS"));
     const std::unique_ptr<Clock> m_clock = makeClock();
     const std::unique_ptr<Workspace> m_workspace = makeWorkspace(m_places);
     const std::unique_ptr<ProcessControl> m_processes = makeProcessControl();
@@ -374,6 +375,9 @@ int main(int argc, char **argv)
 
     LibraryReading reading = beginReading(places);
     EarlyRequests early(*channel);
+    logTo(places.logFile());
+    Preferences preferences(places.preferencesFile());
+    migrateLegacyPreferences(places, preferences);
     auto tasks = makeTasks();
     std::unique_ptr<WindowShell> shell;
     if (isForWindow(command.value())) {
@@ -381,9 +385,6 @@ int main(int argc, char **argv)
         shell = showShell(places);
         if (!shell) return 0;
     }
-    logTo(places.logFile());
-    Preferences preferences(places.preferencesFile());
-    migrateLegacyPreferences(places, preferences);
     Program program(places, preferences, *channel, std::move(tasks), std::move(shell), std::move(reading));
     program.serveTerminal(arguments);
     early.passTo(program);

@@ -44,6 +44,8 @@ static Result<Command> parse(const Form &form, const QStringList &rest)
             command.json = true;
         else if (!optionsOver && word.startsWith(u'-') && word.size() > 1)
             return Message{u"“velko %@” has no option “%@”."_s, {QString::fromUtf16(form.word), word}};
+        else if (word.isEmpty()) // as a path it would be the folder that the user is in
+            return Message{u"“velko %@” can't do anything with an empty name."_s, {QString::fromUtf16(form.word)}};
         else
             command.operands += word;
     }

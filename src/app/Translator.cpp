@@ -2,13 +2,16 @@
 
 #include "app/HostWordings.h"
 
-Translator::Translator(AppLanguage language, Host host, QObject *parent)
-    : QObject(parent), m_language(language), m_host(host)
+#include <utility>
+
+Translator::Translator(AppLanguage language, Host host, Table table, QObject *parent)
+    : QObject(parent), m_language(language), m_host(host), m_table(std::move(table))
 { }
 
 QString Translator::translate(const QString &text) const
 {
-    return hostWording(text, m_host);
+    const QString wording = hostWording(text, m_host);
+    return m_table.value(wording, wording);
 }
 
 QString Translator::fill(const QString &text, const QStringList &arguments) const
@@ -18,5 +21,5 @@ QString Translator::fill(const QString &text, const QStringList &arguments) cons
 
 QString Translator::message(const Message &message) const
 {
-    return fill(message.text, message.arguments);
+    return told(message, [this](const QString &text) { return translate(text); });
 }

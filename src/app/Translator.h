@@ -12,7 +12,9 @@
 class Translator : public QObject {
     Q_OBJECT
 public:
-    Translator(AppLanguage language, Host host, QObject *parent = nullptr);
+    /// English texts, their placeholders included, to those of the language.
+    using Table = QHash<QString, QString>;
+    Translator(AppLanguage language, Host host, Table table = {}, QObject *parent = nullptr);
 
     AppLanguage language() const { return m_language; }
     Q_INVOKABLE QString translate(const QString &text) const;
@@ -23,4 +25,5 @@ public:
 private:
     AppLanguage m_language;
     Host m_host;
+    Table m_table;
 };

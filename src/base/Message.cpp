@@ -1,5 +1,7 @@
 #include "base/Message.h"
 
+using namespace Qt::StringLiterals;
+
 QString filled(const QString &sentence, const QStringList &arguments)
 {
     QString result;
@@ -23,7 +25,28 @@ QString filled(const QString &sentence, const QStringList &arguments)
     return result;
 }
 
+QString told(const Message &message, const std::function<QString(const QString &)> &translated)
+{
+    QStringList arguments = message.arguments;
+    for (const auto &[place, inner] : message.inner) {
+        while (arguments.size() <= place)
+            arguments += QString();
+        arguments[place] = told(inner, translated);
+    }
+    return filled(translated(message.text), arguments);
+}
+
 QString english(const Message &message)
 {
-    return filled(message.text, message.arguments);
+    return told(message, [](const QString &text) { return text; });
+}
+
+Message listed(const QStringList &texts)
+{
+    Message list;
+    for (int place = 0; place < texts.size(); ++place) {
+        list.text += place == 0 ? u"%@"_s : u", %@"_s;
+        list.inner[place] = {texts[place], {}};
+    }
+    return list;
 }

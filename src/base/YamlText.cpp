@@ -112,6 +112,23 @@ void remove(QByteArray &text, const YamlEntry &entry, bool inBraces)
     }
     text.remove(start, end - start);
 }
+
+/// Mappings that hold nothing any more, from the innermost one on; a line of their own each. Programs may expect
+/// something in them.
+void removeEmptied(QByteArray &text, QStringList path)
+{
+    while (path.size() > 1) {
+        path.removeLast();
+        const Found found = find(text, path);
+        if (found.inBraces || found.entries.isEmpty()) return;
+        for (auto entry = found.entries.rbegin(); entry != found.entries.rend(); ++entry) {
+            const bool empty = entry->kind == YamlEntry::Value::nothing
+                && !text.sliced(entry->start, entry->end - entry->start).contains('#');
+            if (!empty) return;
+            remove(text, *entry, false);
+        }
+    }
+}
 }
 
 QStringList yamlValues(const QByteArray &text, const QStringList &path)
@@ -149,6 +166,7 @@ std::optional<QByteArray> editYaml(const QByteArray &text, const QStringList &pa
         const bool afterColon = place.valueStart > 0 && edited[place.valueStart - 1] == ':';
         edited.replace(place.valueStart, place.valueEnd - place.valueStart, afterColon ? ' ' + value : value);
     }
+    if (values.isEmpty()) removeEmptied(edited, path);
     return edited;
 }
 

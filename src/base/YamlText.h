@@ -15,7 +15,7 @@ QStringList yamlValues(const QByteArray &text, const QStringList &path);
 
 /// `values` as in `editIni`, each as YAML. What is missing of the path is added at the end of the innermost mapping
 /// that is there. Nothing when the text is not YAML that this can edit, or has something other than a mapping on the
-/// way.
+/// way. Mappings that lose their last entry are removed with it.
 std::optional<QByteArray> editYaml(const QByteArray &text, const QStringList &path, const QStringList &values);
 
 /// The scalar as YAML: plain where that is safe, else in quotes.

@@ -25,7 +25,8 @@ void GameLaunch::begin(const Order &order)
     if (m_state) return;
     ++m_token;
     m_order = order;
-    m_state = Launching{order.gameID, m_clock.now(), {}, order.request.statePath.has_value(), {}};
+    m_state = Launching{
+        order.gameID, m_clock.now(), m_launcher.engineFor(order.request), order.request.statePath.has_value(), {}};
     emit changed();
 
     const QString &path = m_order.request.path;

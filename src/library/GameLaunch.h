@@ -16,7 +16,7 @@ class Tasks;
 struct Launching {
     QString gameID;
     QDateTime start;
-    QString engine; ///< identifier of the emulator, once it is known
+    QString engine; ///< as in `StartedGame`; empty: it is looked for
     bool loading = false; ///< a save state is being loaded
     std::optional<Message> note;
     bool operator==(const Launching &) const = default;

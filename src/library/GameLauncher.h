@@ -45,6 +45,9 @@ public:
     virtual ~GameLauncher() = default;
     virtual void launch(const LaunchRequest &request, std::function<void(LaunchResult)> done) = 0;
 
+    /// What will play the game, in the words of `StartedGame::engine`, as far as is known now; empty: not known. Quick.
+    virtual QString engineFor(const LaunchRequest &) const { return {}; }
+
     /// The emulator in which the user has to set the controller up before this game is played, and wants to be told so;
     /// empty: none, as far as is known. Quick.
     virtual QString controllerToSetUp(const LaunchRequest &) const { return {}; }

@@ -7,6 +7,7 @@
 #include "platform/Tasks.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -256,6 +257,14 @@ void LibraryStore::cancelScan()
     m_scan.cancel();
 }
 
+/// A name that is all brackets would leave a game without a title.
+static QString titleOf(const Hit &hit)
+{
+    const QString name = movedFile(hit.url).name;
+    const QString withoutExtension = QFileInfo(name).completeBaseName();
+    return !hit.title.isEmpty() ? hit.title : withoutExtension.isEmpty() ? name : withoutExtension;
+}
+
 void LibraryStore::addFound(const ScanFindings &findings)
 {
     QList<GameEntry> found;
@@ -263,7 +272,7 @@ void LibraryStore::addFound(const ScanFindings &findings)
     const ReferenceDate now = ReferenceDate::from(m_clock.now());
     for (const Hit &hit : findings.hits) {
         GameEntry &game = found.emplaceBack();
-        game.title = hit.title;
+        game.title = titleOf(hit);
         game.consoleID = hit.consoleID;
         game.path = hit.url;
         game.addedAt = now;

@@ -36,9 +36,9 @@ static const QList<QPair<QString, QString>> &hints()
 static QString padded(const QString &name)
 {
     QString words(u' ');
-    for (const QChar c : name.toLower()) {
-        if (c.isLetterOrNumber() || c.isSurrogate())
-            words += c;
+    for (const char32_t c : name.toLower().toUcs4()) {
+        if (QChar::isLetterOrNumber(c))
+            words += QChar::fromUcs4(c);
         else if (!words.endsWith(u' '))
             words += u' ';
     }

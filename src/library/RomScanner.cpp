@@ -292,9 +292,7 @@ void FolderWalk::add(const QByteArray &path, const QString &name, const QString 
         if (m_findings.unnamable++ == 0) m_findings.firstUnnamable = url;
         return;
     }
-    // A name that is all brackets would leave a game without a title.
-    const QString title = cleanTitle(name);
-    m_findings.hits += {url, title.isEmpty() ? name : title, console, m_root};
+    m_findings.hits += {url, cleanTitle(name), console, m_root};
 }
 
 ScanFindings RomScanner::scan(const QStringList &paths, const GoOn &goOn)

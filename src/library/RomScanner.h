@@ -14,7 +14,7 @@ struct Console;
 /// A game that a scan found.
 struct Hit {
     QString url; ///< absolute path of the file or game folder
-    QString title;
+    QString title; ///< empty when the name is nothing but brackets
     QString consoleID;
     QString root; ///< the scanned folder; empty for a file that was given by itself
     bool operator==(const Hit &) const = default;

@@ -24,17 +24,23 @@ void SessionClock::setPaused(const QString &gameID, bool paused)
 {
     const auto session = m_sessions.find(gameID);
     if (session == m_sessions.end() || session->paused == paused) return;
-    tick();
-    m_sessions[gameID].paused = paused;
+    session->uncounted += session->sinceThen(m_clock.awake());
+    session->paused = paused;
+}
+
+/// The time played up to now, from when this was asked last.
+std::chrono::milliseconds SessionClock::Session::sinceThen(std::chrono::milliseconds now)
+{
+    const auto stretch = now - std::exchange(countedUpTo, now);
+    return paused ? 0ms : stretch;
 }
 
 void SessionClock::tick()
 {
     QList<PlayedStretch> stretches;
-    const auto now = m_clock.awake();
     for (auto session = m_sessions.begin(); session != m_sessions.end(); ++session) {
-        const auto stretch = now - std::exchange(session->countedUpTo, now);
-        if (session->paused || stretch <= 0ms) continue;
+        const auto stretch = session->sinceThen(m_clock.awake()) + std::exchange(session->uncounted, 0ms);
+        if (stretch <= 0ms) continue;
         session->counted += stretch;
         stretches += {session.key(), inSeconds(stretch)};
     }

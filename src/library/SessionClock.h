@@ -28,7 +28,9 @@ public:
     };
 
     void start(const QString &gameID, qint64 pid);
-    void setPaused(const QString &gameID, bool paused); ///< ignored for a game that does not run
+    /// Ignored for a game that does not run. What was played until then is counted with the next stretch: counting is
+    /// followed by writing, for which nobody who pauses waits.
+    void setPaused(const QString &gameID, bool paused);
     void tick(); ///< counts up to now, without waiting for the timer
     std::optional<Ended> end(qint64 pid); ///< counts up to now; nothing while another program of the game runs
     QList<Ended> endAll();
@@ -38,7 +40,9 @@ private:
         QSet<qint64> pids;
         bool paused = false;
         std::chrono::milliseconds countedUpTo{0};
+        std::chrono::milliseconds uncounted{0}; ///< played before `countedUpTo`
         std::chrono::milliseconds counted{0};
+        std::chrono::milliseconds sinceThen(std::chrono::milliseconds now);
     };
     Ended remove(const QString &gameID);
 

@@ -17,6 +17,8 @@ Endpoints endpointsFrom(const QString &iniFile)
     take(u"rpcs3"_s, endpoints.rpcs3);
     take(u"githubApi"_s, endpoints.githubApi);
     take(u"githubArchive"_s, endpoints.githubArchive);
+    take(u"donation"_s, endpoints.donation);
+    take(u"invitation"_s, endpoints.invitation);
     return endpoints;
 }
 

@@ -43,6 +43,7 @@ public:
     virtual QList<Monitor> displays() const = 0; ///< the primary one first
     virtual QList<AppWindow> windowsOf(const QList<qint64> &pids) const = 0; ///< of any of them, the oldest first
     virtual std::optional<AppWindow> activeWindow() const = 0; ///< the one with the keyboard, whoever's it is
+    virtual bool isComposed() const = 0; ///< windows are blended: a transparent one shows what lies below it
 
     /// Takes it out of full screen and of the maximised state, and moves it there. Some window managers act late.
     virtual void move(quint64 window, const QRect &place) = 0;

@@ -57,15 +57,15 @@ static Result call(std::function<Result(Arguments...)> callback, std::type_ident
 ControllerInput::ControllerInput(Gamepads &gamepads, Clock &clock, QObject *parent)
     : QObject(parent), m_gamepads(gamepads), m_clock(clock)
 {
-    connect(&gamepads, &Gamepads::connected, this, &ControllerInput::connected);
+    connect(&gamepads, &Gamepads::connected, this, &ControllerInput::configureController);
     connect(&gamepads, &Gamepads::disconnected, this, &ControllerInput::disconnected);
     connect(&gamepads, &Gamepads::pressed, this, &ControllerInput::pressed);
     connect(&gamepads, &Gamepads::released, this, &ControllerInput::released);
     for (const Pad &pad : gamepads.pads())
-        connected(pad);
+        configureController(pad);
 }
 
-void ControllerInput::connected(const Pad &pad)
+void ControllerInput::configureController(const Pad &pad)
 {
     name(pad.name.isEmpty() ? u"Controller"_s : pad.name);
 }
@@ -97,8 +97,8 @@ void ControllerInput::pressed(int pad, PadButton button)
     // The chord has no order and no time limit: what counts is whether the other button is down now.
     if (button == PadButton::menu)
         dispatch(m_gamepads.isHeld(pad, PadButton::view) ? PadEvent::guide : PadEvent::menu);
-    else if (button == PadButton::view && m_gamepads.isHeld(pad, PadButton::menu))
-        dispatch(PadEvent::guide);
+    else if (button == PadButton::view)
+        m_gamepads.isHeld(pad, PadButton::menu) ? dispatch(PadEvent::guide) : call(onChordBegun);
     else if (button == PadButton::share)
         call(onShare);
 }
@@ -111,9 +111,9 @@ void ControllerInput::released(int, PadButton button)
 void ControllerInput::hold(PadEvent direction)
 {
     m_heldDirection = direction;
-    m_repeat = m_clock.after(380ms, [this, direction] {
+    m_repeatTimer = m_clock.after(380ms, [this, direction] {
         if (m_heldDirection != direction) return;
-        m_repeat = m_clock.every(110ms, [this] {
+        m_repeatTimer = m_clock.every(110ms, [this] {
             if (m_heldDirection) dispatch(*m_heldDirection);
         });
         dispatch(direction);
@@ -125,7 +125,7 @@ void ControllerInput::letGo(PadEvent direction)
 {
     if (m_heldDirection != direction) return;
     m_heldDirection.reset();
-    m_repeat.reset();
+    m_repeatTimer.reset();
 }
 
 void ControllerInput::dispatch(PadEvent event)

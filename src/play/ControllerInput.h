@@ -23,6 +23,7 @@ public:
     std::function<bool()> acceptsInBackground; ///< true: Velko comes to the front and takes the event; unset: dropped
     std::function<void(PadEvent)> overlayHandler; ///< takes everything but `guide` in place of `onEvent`
     std::function<void()> onGuide;
+    std::function<void()> onChordBegun; ///< View went down, and Menu may follow
     std::function<void()> onShare;
     bool hidesCursor = false; ///< each event hides the pointer until it moves, while Velko is the active program
     std::function<void()> onAnyInput; ///< before each event but `guide` is delivered
@@ -37,7 +38,7 @@ signals:
     void controllerNameChanged();
 
 private:
-    void connected(const Pad &pad);
+    void configureController(const Pad &pad);
     void disconnected();
     void pressed(int pad, PadButton button);
     void released(int pad, PadButton button);
@@ -51,5 +52,5 @@ private:
     Clock &m_clock;
     QString m_controllerName;
     std::optional<PadEvent> m_heldDirection;
-    Timer m_repeat;
+    Timer m_repeatTimer;
 };

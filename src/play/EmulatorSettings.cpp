@@ -29,7 +29,9 @@ void EmulatorSettings::open(const RunningGame &game)
 
 void EmulatorSettings::search(qint64 pid)
 {
-    const auto usualKey = [&keys = m_reach.keys] { keys.press({Qt::Key_Comma, Qt::ControlModifier}); };
+    const auto usualKey = [reach = m_reach, pid] {
+        if (reach.isInFront(pid)) reach.keys.press({Qt::Key_Comma, Qt::ControlModifier});
+    };
     if (!m_reach.accessibility.isAvailable()) return usualKey();
     m_reach.accessibility.menu(m_reach.processes.tree(pid), {},
                                [this, alive = QPointer(this), token = m_token, usualKey](const QList<MenuEntry> &menu) {

@@ -40,3 +40,14 @@ TEST(Translator, wordsMacSentencesForTheHost)
     EXPECT_TRUE(linux_.message(gone).startsWith(u"“100%@ Fun” isn't"_s));
     EXPECT_FALSE(linux_.message(gone).contains(u"Mac"_s));
 }
+
+TEST(Translator, looksTheWordingOfTheHostUpInTheLanguage)
+{
+    const Translator german(AppLanguage::german, Host::linux,
+                            {{u"Native games"_s, u"Eigene Programme"_s},
+                             {u"Mac apps"_s, u"Mac-Apps"_s},
+                             {u"%ld games"_s, u"%ld Spiele"_s}});
+    EXPECT_EQ(german.translate(u"Mac apps"_s), u"Eigene Programme"_s);
+    EXPECT_EQ(german.message({u"%ld games"_s, {u"%ld games"_s}}), u"%ld games Spiele"_s) << "translated, then filled";
+    EXPECT_EQ(german.translate(u"Ready"_s), u"Ready"_s) << "not in the table";
+}

@@ -46,6 +46,7 @@ TEST(CommandLine, refusesWhatItDoesNotKnow)
                                    {u"add"_s},
                                    {u"list"_s, u"x"_s},
                                    {u"scan"_s, u"--json"_s},
+                                   {u"scan"_s, QString()},
                                    {u"add"_s, u"-x.gb"_s},
                                    {u"bios"_s},
                                    {u"--virtual-pad"_s},

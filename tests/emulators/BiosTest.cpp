@@ -1,9 +1,12 @@
 #include "emulators/bios/BiosFiles.h"
-#include "emulators/finding/InstalledEmulators.h"
 #include "emulators/bios/XemuSetup.h"
+#include "emulators/finding/InstalledEmulators.h"
+#include "emulators/settings/EmulatorChanges.h"
 #include "fakes/FakeFileIndex.h"
+#include "fakes/FakeProcessControl.h"
 #include "fakes/FakeTasks.h"
 #include "fakes/FakeWorkspace.h"
+#include "fakes/ManualClock.h"
 #include "fakes/TemporaryHome.h"
 #include "platform/Preferences.h"
 
@@ -41,7 +44,7 @@ TEST_P(BiosIdentities, areToldFromContentSizeAndName)
     const BiosIdentity identity = identityOf(GetParam().content);
     EXPECT_EQ(identity.grade, GetParam().grade);
     EXPECT_EQ(identity.consoleID.toStdString(), GetParam().consoleID);
-    EXPECT_EQ(identity.title.toStdString(), GetParam().title);
+    EXPECT_EQ(english(identity.title).toStdString(), GetParam().title);
 }
 
 static constexpr qint64 halfMegabyte = 512 * 1024;
@@ -122,6 +125,7 @@ protected:
     }
 
     TemporaryHome home;
+    ChangeNotes notes;
 };
 
 TEST_F(Bios, goesToTheFolderOfTheCopyThatIsUsed)
@@ -159,7 +163,7 @@ TEST_F(Bios, isCopiedWholeAndReplacesAnOlderCopy)
     EXPECT_EQ(before.presence, BiosPresence::missing);
 
     home.write(u".config/PCSX2/bios/SCPH-70004.bin"_s, "older");
-    const BiosReport report = installBios(console(u"ps2"_s), file, {}, home.places());
+    const BiosReport report = installBios(console(u"ps2"_s), file, {}, home.places(), notes);
     EXPECT_TRUE(report.installed);
     EXPECT_EQ(english(report.message), u"SCPH-70004.bin copied to "_s + home.path() + u"/.config/PCSX2/bios"_s);
     EXPECT_EQ(english(report.remark.value_or(Message{})),
@@ -168,15 +172,16 @@ TEST_F(Bios, isCopiedWholeAndReplacesAnOlderCopy)
     EXPECT_EQ(QDir(home.path() + u"/.config/PCSX2/bios"_s).entryList(QDir::Files).size(), 1);
     EXPECT_EQ(biosState(console(u"ps2"_s), {}, home.places()).presence, BiosPresence::present);
     // Dropped from the very place where it belongs, it stays.
-    EXPECT_TRUE(installBios(console(u"ps2"_s), home.path() + u"/.config/PCSX2/bios/SCPH-70004.bin"_s, {}, home.places())
-                    .installed);
+    EXPECT_TRUE(
+        installBios(console(u"ps2"_s), home.path() + u"/.config/PCSX2/bios/SCPH-70004.bin"_s, {}, home.places(), notes)
+            .installed);
     EXPECT_EQ(home.read(u".config/PCSX2/bios/SCPH-70004.bin"_s), home.read(u"Downloads/SCPH-70004.bin"_s));
 }
 
 TEST_F(Bios, thatIsNotKnownIsCopiedAndSaidSo)
 {
     const QString file = home.write(u"lynxboot.img"_s, QByteArray(512, 'x'));
-    const BiosReport report = installBios(console(u"lynx"_s), file, {}, home.places());
+    const BiosReport report = installBios(console(u"lynx"_s), file, {}, home.places(), notes);
     EXPECT_TRUE(report.installed);
     EXPECT_TRUE(english(report.remark.value_or(Message{})).contains("isn't a known file"_L1));
     EXPECT_EQ(biosState(console(u"lynx"_s), {}, home.places()).presence, BiosPresence::unknownFile);
@@ -189,7 +194,7 @@ TEST_F(Bios, thatIsNotKnownIsCopiedAndSaidSo)
 TEST_F(Bios, thatCannotBeCopiedLeavesTheOlderOneAlone)
 {
     const auto refused = [this](const QString &file) {
-        const BiosReport report = installBios(console(u"lynx"_s), file, {}, home.places());
+        const BiosReport report = installBios(console(u"lynx"_s), file, {}, home.places(), notes);
         return report.installed ? u"installed"_s : english(report.message);
     };
     EXPECT_TRUE(refused(home.path() + u"/gone.img"_s).startsWith("Could not copy the BIOS: "_L1));
@@ -200,37 +205,73 @@ TEST_F(Bios, thatCannotBeCopiedLeavesTheOlderOneAlone)
     EXPECT_EQ(home.read(u".config/retroarch/system"_s), "a file where the folder should be");
 }
 
-TEST_F(Bios, ofTheXboxIsEnteredInXemusSettings)
-{
+/// The Xbox's three files in xemu's settings.
+class XboxBios : public Bios {
+protected:
+    QByteArray settings() const { return home.read(u".local/share/xemu/xemu/xemu.toml"_s); }
+    void setSettings(const QByteArray &text) { home.write(u".local/share/xemu/xemu/xemu.toml"_s, text); }
+    QString inFolder(const QString &name) const { return home.path() + u"/.local/share/xemu/xemu/"_s + name; }
+    XemuFiles files() { return xemuFiles(copy(u"xemu"_s), home.places()); }
+
     const QString disk = home.write(u"xbox.qcow2"_s, "QFI\xfb and more");
-    const QByteArray settings = "[general]\r\nshow_welcome = false\r\n\r\n[sys.files]\r\nhdd_path = '/old' # mine\r\n"
-                                "eeprom_path = '/e'\r\n\r\n[net]\r\nenable = true\r\n";
-    EXPECT_TRUE(english(*installBios(console(u"xbox"_s), disk, {}, home.places()).remark)
-                    .contains("Start it once and close it"_L1));
-    EXPECT_EQ(biosState(console(u"xbox"_s), {}, home.places()).missing.size(), 3);
-
-    home.write(u".local/share/xemu/xemu/xemu.toml"_s, settings);
-    const BiosReport report = installBios(console(u"xbox"_s), disk, {}, home.places());
-    EXPECT_TRUE(english(report.remark.value_or(Message{})).contains("is a good copy"_L1));
-    const QByteArray path = home.path().toUtf8() + "/.local/share/xemu/xemu/xbox.qcow2";
-    QByteArray expected = settings;
-    expected.replace("/old", path);
-    EXPECT_EQ(home.read(u".local/share/xemu/xemu/xemu.toml"_s), expected);
-
     const QString flash = home.write(u"Complex_4627.bin"_s, QByteArray(262144, 'f'));
-    EXPECT_TRUE(installBios(console(u"xbox"_s), flash, {}, home.places()).installed);
-    expected.replace("'/e'\r\n", "'/e'\r\nflashrom_path = '" + path.chopped(10) + "Complex_4627.bin'\r\n");
-    EXPECT_EQ(home.read(u".local/share/xemu/xemu/xemu.toml"_s), expected);
-    EXPECT_EQ(biosState(console(u"xbox"_s), {}, home.places()).missing, QStringList{u"MCPX Boot ROM"_s});
+    const QString bootRom = home.write(u"mcpx_1.0.bin"_s, QByteArray(512, 'm'));
+};
+
+TEST_F(XboxBios, isEnteredAndPutBackToTheLetter)
+{
+    const QByteArray before = "[general]\r\nshow_welcome = false\r\n\r\n[sys.files]\r\nhdd_path = '/old' # mine\r\n"
+                              "eeprom_path = '/e'\r\n\r\n[net]\r\nenable = true\r\n";
+    setSettings(before);
+    FakeWorkspace workspace;
+    FakeFileIndex index;
+    FakeTasks tasks;
+    tasks.immediate = true;
+    ManualClock clock;
+    FakeProcessControl processes;
+    Preferences preferences(home.path() + u"/preferences.ini"_s);
+    InstalledEmulators emulators(home.places(), workspace, index, preferences, tasks);
+    EmulatorChanges changes(home.places(), clock, tasks, processes);
+    BiosFiles bios(home.places(), emulators, preferences, workspace, tasks, changes);
+
+    bios.install(u"xbox"_s, {disk, flash});
+    QByteArray expected = before;
+    expected.replace("/old", inFolder(u"xbox.qcow2"_s).toUtf8());
+    expected.replace("'/e'\r\n", "'/e'\r\nflashrom_path = '" + inFolder(u"Complex_4627.bin"_s).toUtf8() + "'\r\n");
+    EXPECT_EQ(settings().toStdString(), expected.toStdString());
+    EXPECT_EQ(bios.state(u"xbox"_s)->missing, QStringList{u"MCPX Boot ROM"_s});
+    ASSERT_EQ(changes.of(u"xemu"_s).size(), 2);
+    EXPECT_EQ(changes.of(u"xemu"_s)[0].old, QStringList{u"'/old'"_s});
+
+    // One that comes in the place of another, and its name is the journal's newer one.
+    const QString other = home.write(u"other.qcow2"_s, "QFI\xfb");
+    bios.install(u"xbox"_s, {other, disk, bootRom});
+    EXPECT_EQ(changes.of(u"xemu"_s).size(), 3);
+    EXPECT_EQ(bios.state(u"xbox"_s)->presence, BiosPresence::unknownFile) << "the boot ROM is not a known one";
+    changes.putBack(u"xemu"_s);
+    EXPECT_EQ(settings().toStdString(), before.toStdString());
+    EXPECT_TRUE(changes.of(u"xemu"_s).isEmpty());
 }
 
-TEST_F(Bios, settingsOfXemuAreLeftAloneWhenTheyCannotBeEdited)
+TEST_F(XboxBios, thatCameBeforeTheSettingsIsEnteredLater)
 {
-    const QMap<QString, QString> disk{{u"hdd_path"_s, u"/it's"_s}};
-    EXPECT_EQ(withXemuFiles(u""_s, disk), u"[sys.files]\nhdd_path = \"/it's\"\n"_s);
-    EXPECT_EQ(withXemuFiles(u"[sys]\nfiles.hdd_path = '/a'\n"_s, disk), u"[sys]\nfiles.hdd_path = \"/it's\"\n"_s);
-    const QString broken = u"sys.files.hdd_path = '/a'\n[sys.files"_s;
-    EXPECT_EQ(withXemuFiles(broken, disk).toStdString(), broken.toStdString());
+    const BiosReport report = installBios(console(u"xbox"_s), disk, {}, home.places(), notes);
+    EXPECT_TRUE(english(*report.remark).contains("Start it once and close it"_L1));
+    EXPECT_FALSE(QFileInfo::exists(inFolder(u"xemu.toml"_s))) << "which is xemu's to make";
+    EXPECT_TRUE(files().toEnter.isEmpty());
+    const BiosState waiting = biosState(console(u"xbox"_s), {}, home.places());
+    EXPECT_EQ(waiting.missing.size(), 3);
+    EXPECT_EQ(waiting.remarks, QList<Message>{*report.remark});
+
+    setSettings("[sys.files]\nbootrom_path = '" + bootRom.toUtf8() + "'\nhdd_path = '/gone'\n");
+    EXPECT_EQ(files().toEnter, (QMap<QString, QString>{{u"hdd_path"_s, inFolder(u"xbox.qcow2"_s)}}));
+    EXPECT_EQ(files().missing, QStringList{u"Flash ROM (BIOS)"_s});
+    EXPECT_EQ(biosState(console(u"xbox"_s), {}, home.places()).missing, files().missing);
+    // Of several a known one.
+    home.write(u".local/share/xemu/xemu/a newer.qcow2"_s, "no disk");
+    EXPECT_EQ(files().toEnter.value(u"hdd_path"_s), inFolder(u"xbox.qcow2"_s));
+    setSettings("sys.files.hdd_path = '/a'\n[sys.files");
+    EXPECT_EQ(files().missing.size(), 3) << "settings that cannot be edited";
 }
 
 TEST_F(Bios, storeInstallsFilesOfSeveralConsolesAndStartsRpcs3)
@@ -241,7 +282,10 @@ TEST_F(Bios, storeInstallsFilesOfSeveralConsolesAndStartsRpcs3)
     tasks.immediate = true;
     Preferences preferences(home.path() + u"/preferences.ini"_s);
     InstalledEmulators emulators(home.places(), workspace, index, preferences, tasks);
-    BiosFiles bios(home.places(), emulators, preferences, workspace, tasks);
+    ManualClock clock;
+    FakeProcessControl processes;
+    EmulatorChanges changes(home.places(), clock, tasks, processes);
+    BiosFiles bios(home.places(), emulators, preferences, workspace, tasks, changes);
     const QString firmware = home.write(u"in/PS3UPDAT.PUP"_s, "SCEUF");
     const QString module = home.write(u"in/libSceFont.sprx"_s);
     const QString odd = home.write(u"in/holiday.jpg"_s);

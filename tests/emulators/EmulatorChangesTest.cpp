@@ -29,9 +29,9 @@ protected:
         order.wish = {id, Host::linux, emulatorFolders(copy, home.places()), u"/games/game"_s, {}, quality};
         order.wish.settings.showFPS = order.wish.settings.widescreen = fps;
         order.mapsController = true;
-        order.journal = changes.journal();
-        order.now = {800000000};
-        changes.record(setUpEmulator(order, FakeProcessControl()).update);
+        order.notes = changes.notes();
+        order.notes.now = {800000000};
+        changes.record(setUpEmulator(order, FakeProcessControl()).notes);
     }
     std::string reportText() const { return english(sentence(reports.last(), u"It"_s)).toStdString(); }
 

@@ -1,8 +1,8 @@
 #include "emulators/settings/EmulatorSettings.h"
 #include "catalog/EmulatorDef.h"
+#include "emulators/TextDiff.h"
 #include "emulators/controllers/ControllerMapping.h"
 #include "emulators/settings/EmulatorSetUp.h"
-#include "emulators/TextDiff.h"
 #include "fakes/FakeProcessControl.h"
 #include "fakes/TemporaryHome.h"
 
@@ -65,8 +65,8 @@ protected:
                       u"/games/A & B/game.wua"_s,
                       GetParam().settings,
                       GetParam().quality};
-        order.journal = journal;
-        order.journal.quieted.insert(file(), {1}); // the keys that avoid questions have a test of their own
+        order.notes.journal = journal;
+        order.notes.journal.quieted.insert(file(), {1}); // the keys that avoid questions have a test of their own
         return setUpEmulator(order, FakeProcessControl());
     }
     QByteArray content() const { return home.read(file().sliced(home.path().size() + 1)); }
@@ -88,12 +88,10 @@ TEST_P(SettingsInFiles, changeExactlyTheirKeys)
     ASSERT_TRUE(written.open(QFile::ReadWrite));
     ASSERT_TRUE(written.setFileTime(QDateTime::fromSecsSinceEpoch(1'000'000'000), QFileDevice::FileModificationTime));
     written.close();
-    ChangeJournal journal;
-    apply(outcome.update, journal);
-    const SetUpOutcome again = setUp(journal);
+    const SetUpOutcome again = setUp(outcome.notes.journal);
     EXPECT_EQ(content(), after);
     EXPECT_EQ(QFileInfo(file()).lastModified().toSecsSinceEpoch(), 1'000'000'000) << "the same again writes nothing";
-    EXPECT_TRUE(again.update.changed.isEmpty() && again.update.gone.isEmpty());
+    EXPECT_EQ(again.notes.journal, outcome.notes.journal);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -242,10 +240,9 @@ protected:
         order.wish = {id, Host::linux, folders(id), u"/games/game"_s, settings, QualityPreset::medium};
         order.mapsController = xbox;
         order.vblankRate = vblankRate;
-        order.journal = journal;
-        order.now = {800000000};
+        order.notes = {journal, {800000000}, {}};
         const SetUpOutcome outcome = setUpEmulator(order, processes);
-        apply(outcome.update, journal);
+        journal = outcome.notes.journal;
         return outcome;
     }
     EmulatorFolders folders(const QString &id) const

@@ -1,9 +1,9 @@
+#include "emulators/SfoFile.h"
+#include "emulators/ZipFile.h"
 #include "emulators/patches/ArchiveUnpacking.h"
 #include "emulators/patches/FramePatchAct.h"
 #include "emulators/patches/FrameRatePatch.h"
 #include "emulators/patches/PatchLists.h"
-#include "emulators/SfoFile.h"
-#include "emulators/ZipFile.h"
 #include "fakes/TemporaryHome.h"
 
 #include <QJsonDocument>
@@ -99,6 +99,8 @@ TEST(Ps3Patches, areReadWithAnchorsAndWithoutBrokenBlocks)
     EXPECT_EQ(versions(u"BLUS30443"_s, u"01.04"_s), "PPU-first BLUS30443 01.04, PPU-all All All");
     EXPECT_EQ(versions(u"BLUS30443"_s, u"02.00"_s), "PPU-all All All");
     EXPECT_EQ(versions(u"BLES00932"_s, {}), "PPU-first BLES00932 01.00, PPU-all All All");
+    const PS3PatchEntry anyVersion{{u"PPU"_s, u"60 FPS"_s, u"T"_s, {u"BLUS30443"_s}, {}}, {{}}};
+    EXPECT_EQ(ps3PatchesFor({u"BLUS30443"_s, u"01.04"_s}, {anyVersion}).value(0).version, u"All");
 }
 
 TEST(Ps3Patches, hostileListsEnd)
@@ -136,6 +138,10 @@ TEST(Ps3Patches, switchesAreEditedKeyByKey)
     const QByteArray linux =
         "PPU-1:\n  Unlock FPS:\n    \"Guns: of\":\n      NPUB1:\n        01.00:\n          Enabled: true";
     const QByteArray mac = "PPU-1:\n  Unlock FPS:\n    \"Guns: of\":\n      NPUB1:\n        01.00: true";
+    const auto withPs3Patch = [](const QByteArray &config, const PS3PatchUse &use, bool on, Host host) {
+        const ConfigEdit edit = ps3PatchEdit(config, use, on, host);
+        return withConfigValues(config, ConfigFormat::yaml, edit.section, edit.key, {edit.value});
+    };
     EXPECT_EQ(withPs3Patch("", use, true, Host::linux).value_or("").trimmed(), linux);
     EXPECT_EQ(withPs3Patch("", use, true, Host::mac).value_or("").trimmed(), mac);
     EXPECT_EQ(ps3PatchSwitch(linux, use), true);
@@ -281,13 +287,14 @@ protected:
     TemporaryHome home;
     const Places places = home.places();
     const QDateTime now = QDateTime::currentDateTime();
+    ChangeNotes notes;
 };
 
 TEST_F(FramePatchOfAGame, onThePlayStation3)
 {
     const FramePatchGame game = ps3();
     EXPECT_EQ(english(findFramePatch(game, places).why), u"No 60 FPS patch for this game yet."_s);
-    EXPECT_EQ(english(applyFramePatch(game, true, places).shortcoming.value_or(Message{})),
+    EXPECT_EQ(english(applyFramePatch(game, true, places, notes).shortcoming.value_or(Message{})),
               u"Couldn't download RPCS3's patch list. Check your Internet connection."_s);
     EXPECT_EQ(ps3ListState(game.folders, places, now), PatchListState{});
     for (const QByteArray &answer : {QByteArray("[]"), QByteArray("{"), list(-1, patchList), list(-2, ""), list(0, ""),
@@ -303,21 +310,27 @@ TEST_F(FramePatchOfAGame, onThePlayStation3)
     ASSERT_TRUE(takePs3Answer(list(1, ""), game.folders, places, later)); // unchanged: looked for again
     EXPECT_EQ(ps3ListState(game.folders, places, later), (PatchListState{true, true}));
 
-    FramePatchOutcome outcome = applyFramePatch(game, true, places);
+    FramePatchOutcome outcome = applyFramePatch(game, true, places, notes);
     EXPECT_EQ(outcome.vblankRate, 120);
     const QByteArray on = home.read(u".config/rpcs3/patch_config.yml"_s);
     EXPECT_TRUE(on.contains("BLUS30443:\n        01.00:\n          Enabled: true")) << on.toStdString();
-    outcome = applyFramePatch(game, true, places);
+    outcome = applyFramePatch(game, true, places, notes);
     EXPECT_EQ(home.read(u".config/rpcs3/patch_config.yml"_s), on);
-    outcome = applyFramePatch(game, false, places);
+    outcome = applyFramePatch(game, false, places, notes);
     EXPECT_EQ(outcome.vblankRate, std::nullopt);
     EXPECT_EQ(home.read(u".config/rpcs3/patch_config.yml"_s), QByteArray(on).replace("true", "false"));
 
     // The installed update decides which version runs.
     home.write(u".config/rpcs3/dev_hdd0/game/BLUS30443/PARAM.SFO"_s,
                sfoFile({{"APP_VER", "01.04"}, {"TITLE_ID", "BLUS30443"}}));
-    (void)applyFramePatch(game, true, places);
+    (void)applyFramePatch(game, true, places, notes);
     EXPECT_TRUE(home.read(u".config/rpcs3/patch_config.yml"_s).contains("01.04:\n          Enabled: true"));
+
+    // Both switches are noted, and nothing is left of them when they are put back.
+    QList<EmulatorChange> since;
+    EXPECT_EQ(notes.journal.changes.size(), 2);
+    EXPECT_EQ(putBack(home.read(u".config/rpcs3/patch_config.yml"_s), notes.journal.changes, since), "");
+    EXPECT_TRUE(since.isEmpty());
 }
 
 TEST_F(FramePatchOfAGame, onThePlayStation4)
@@ -333,10 +346,10 @@ TEST_F(FramePatchOfAGame, onThePlayStation4)
     EXPECT_EQ(ps4ListState(places, now.addDays(7)), (PatchListState{true, false}));
     EXPECT_EQ(findFramePatch(game, places).name, u"60 FPS"_s);
 
-    EXPECT_EQ(applyFramePatch(game, false, places).shortcoming, std::nullopt);
+    EXPECT_EQ(applyFramePatch(game, false, places, notes).shortcoming, std::nullopt);
     const QString folder = u".local/share/shadPS4/patches/VelkoEmu"_s;
     EXPECT_FALSE(QFileInfo::exists(home.path() + u'/' + folder)) << "nothing is there before it is wanted";
-    EXPECT_EQ(applyFramePatch(game, true, places).shortcoming, std::nullopt);
+    EXPECT_EQ(applyFramePatch(game, true, places, notes).shortcoming, std::nullopt);
     EXPECT_EQ(QJsonDocument::fromJson(home.read(folder + u"/files.json"_s)).toJson(QJsonDocument::Compact),
               "{\"A-Orbis.xml\":[\"CUSA00362\",\"CUSA00363\"]}");
     EXPECT_EQ(home.read(folder + u"/A-Orbis.xml"_s).count("isEnabled=\"true\""), 1);
@@ -344,7 +357,7 @@ TEST_F(FramePatchOfAGame, onThePlayStation4)
     // An update beside the game for which there is no patch.
     home.write(u"games/CUSA00363-patch/sce_sys/param.sfo"_s,
                sfoFile({{"APP_VER", "01.81"}, {"TITLE_ID", "CUSA00363"}}));
-    const auto shortcoming = applyFramePatch(game, true, places).shortcoming;
+    const auto shortcoming = applyFramePatch(game, true, places, notes).shortcoming;
     EXPECT_EQ(english(shortcoming.value_or(Message{})), u"No 60 FPS patch for this game version 01.81 yet."_s);
     EXPECT_EQ(home.read(folder + u"/A-Orbis.xml"_s).count("isEnabled=\"true\""), 0);
     game.path = home.write(u"elsewhere/eboot.bin"_s);

@@ -195,8 +195,9 @@ TEST(LaunchPlan, environmentOnLinux)
     const InstalledEmulator mgba = copyOf(u"mgba"_s, ApplicationKind::native);
     EXPECT_EQ(environmentOf(planEmulator(request(u"fps"_s), azahar, machine)), u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s);
     machine.mangoHud = true;
-    EXPECT_EQ(environmentOf(planEmulator(request(u"fps"_s), azahar, machine)),
-              u"MANGOHUD=1 QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s);
+    const LaunchPlan counted = planEmulator(request(u"fps"_s), azahar, machine);
+    EXPECT_EQ(environmentOf(counted), u"MANGOHUD=1 QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s);
+    EXPECT_EQ(counted.command.first(2), QStringList{u"mangohud"_s} + azahar.command);
     EXPECT_EQ(environmentOf(planEmulator(request(u"fps"_s), mgba, machine)), u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s)
         << "it has a counter of its own";
     EXPECT_EQ(environmentOf(planEmulator(request(), azahar, machine)), u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s);
@@ -319,7 +320,7 @@ TEST(LaunchPlan, nativeGames)
     LaunchFacts linuxFacts = facts(Host::linux);
     linuxFacts.mangoHud = true;
     const LaunchPlan onLinux = planNativeGame(asked, *consoleWithID(u"native"_s, Host::linux), linuxFacts);
-    EXPECT_EQ(onLinux.command, QStringList{game});
+    EXPECT_EQ(onLinux.command, (QStringList{u"mangohud"_s, game})) << "its variable alone reaches no OpenGL program";
     EXPECT_EQ(onLinux.engine, u"native"_s);
     EXPECT_EQ(environmentOf(onLinux), u"MANGOHUD=1 QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"_s);
 

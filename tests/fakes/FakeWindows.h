@@ -15,6 +15,7 @@ public:
     QList<Monitor> connected{{QStringLiteral("LEFT"), {0, 0, 1920, 1080}, true}};
     QList<AppWindow> windows; ///< of all programs, the oldest first
     quint64 active = 0;
+    bool composed = false;
     bool choosesDisplay = true; ///< full screen goes to the display that is asked for, else to the window's own
     QSet<quint64> unmovable, neverFull, unclosable; ///< windows that ignore these commands
     QList<quint64> closeRequests;
@@ -35,6 +36,8 @@ public:
         }
         return {};
     }
+
+    bool isComposed() const override { return composed; }
 
     void move(quint64 window, const QRect &place) override
     {

@@ -130,10 +130,11 @@ TEST(LibraryStore, scansAddedFoldersAndRemembersThem)
     EXPECT_EQ(store.games()[0].addedAt, ReferenceDate::from(house.clock.present));
     EXPECT_EQ(house.open().romFolders(), QStringList{root});
 
-    house.home.write(u"Roms/b.n64"_s);
+    house.home.write(u"Roms/(Demo).n64"_s);
     house.store->scan({});
     EXPECT_EQ(english(*house.store->scanReport()).left(15), u"Games added: 1."_s);
-    EXPECT_EQ(house.store->count(), 2);
+    ASSERT_EQ(house.store->count(), 2);
+    EXPECT_EQ(house.store->games()[1].title, u"(Demo)"_s) << "all brackets";
     EXPECT_FALSE(house.store->scanning());
     house.store->removeFolder(root);
     EXPECT_EQ(house.open().romFolders(), QStringList());

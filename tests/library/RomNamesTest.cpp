@@ -26,7 +26,9 @@ INSTANTIATE_TEST_SUITE_P(
                     NameRow{"signsBetween", "turbografx+cd", "tgcd"}, NameRow{"number", "Atari.2600", "a2600"},
                     NameRow{"numberInAWord", "26000", "none"}, NameRow{"superFamicom", "Super Famicom", "nes"},
                     NameRow{"lastOfTheTable", "7800", "a7800"}, NameRow{"empty", "", "none"},
-                    NameRow{"otherScript", "ゲームボーイ gb ゲーム", "gb"}, NameRow{"letterBeside", "égb", "none"}),
+                    NameRow{"otherScript", "ゲームボーイ gb ゲーム", "gb"}, NameRow{"letterBeside", "égb", "none"},
+                    NameRow{"pictureBeside", "PS2\U0001F3AE", "ps2"},
+                    NameRow{"letterOfTwoUnitsBeside", "PS2\U00010400", "none"}),
     [](const auto &row) { return row.param.name; });
 
 class CleanTitle : public testing::TestWithParam<NameRow> { };

@@ -62,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(
         TreeRow{"bundles", {"X.app/G.sfc", "Y.Framework/G.sfc"}, {}},
         TreeRow{"foldersAreNoGames", {"Game.sfc/readme.txt"}, {}},
         TreeRow{"noOrOtherExtension", {"sfc", "G.", "G.txt", "G.sfc.part"}, {}},
-        TreeRow{"onlyBrackets", {"(Demo).sfc"}, {"snes (Demo)"}},
+        TreeRow{"onlyBrackets", {"(Demo).sfc"}, {"snes "}},
         TreeRow{
             "documents", {"README.md", "Sonic.md", "backup.tar.gz", "Game.iso.gz"}, {"ps2 Game.iso", "genesis Sonic"}},
         TreeRow{"ps3GameFolder",

@@ -61,7 +61,9 @@ TEST(SessionClock, leavesOutSleepAndPauses)
     counted.clock.advance(70s);
     counted.sessions.setPaused(u"A"_s, false);
     counted.clock.advance(5s);
+    const int ticks = counted.ticks;
     counted.sessions.setPaused(u"A"_s, true);
+    EXPECT_EQ(counted.ticks, ticks) << "a pause waits for no disk";
     counted.clock.advance(5s);
     EXPECT_EQ(counted.sessions.end(1)->seconds, 25);
     EXPECT_EQ(counted.seconds, (Counted::Seconds{{u"15 A"_s, 25}}));

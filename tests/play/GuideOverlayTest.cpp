@@ -3,8 +3,8 @@
 #include "emulators/finding/InstalledEmulators.h"
 #include "play/ControllerInput.h"
 #include "play/GameFreezer.h"
-#include "play/states/SaveStates.h"
 #include "play/shots/Screenshots.h"
+#include "play/states/SaveStates.h"
 
 #include "fakes/FakeGamepads.h"
 #include "fakes/FakeLocalSockets.h"
@@ -12,6 +12,7 @@
 #include "play/SupervisionHouse.h"
 
 #include <QCoreApplication>
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -35,7 +36,7 @@ struct GuideOverlayTest : SupervisionHouse {
     int velkoShown = 0;
     QStringList order; ///< of what happens to game and panel
     GuideOverlay guide{
-        {reach, library, house.preferences, controller, *freezer, supervisor, states, screenshots, capture},
+        {reach, library, house.preferences, controller, *freezer, supervisor, states, screenshots, capture, emulators},
         {.show = [this] { ++velkoShown; }}};
 
     GuideOverlayTest()
@@ -109,6 +110,45 @@ TEST_F(GuideOverlayTest, opensOverTheFrozenGameAndGoesBackInTheRightOrder)
     EXPECT_TRUE(house.processes.frozen.empty());
     EXPECT_TRUE(guide.picture().isNull());
     EXPECT_FALSE(controller.overlayHandler);
+}
+
+TEST_F(GuideOverlayTest, pictureOfTheGameIsWithoutTheNotice)
+{
+    start();
+    const QRect notice(1300, 40, 596, 96);
+    capture.picture = QImage(1920, 1080, QImage::Format_RGB32);
+    capture.picture.fill(Qt::blue);
+    QPainter(&capture.picture).fillRect(notice, Qt::red);
+    capture.windows[gameWindow] = QImage(1920, 1080, QImage::Format_RGB32);
+    capture.windows[gameWindow].fill(Qt::green);
+    const auto shown = [&] {
+        chord();
+        const QColor colour = guide.picture().pixelColor(notice.center());
+        chord();
+        return colour;
+    };
+    guide.noticeComes(notice);
+    EXPECT_EQ(shown(), QColor(Qt::blue)) << "made up from what is around";
+    windows.composed = true;
+    EXPECT_EQ(shown(), QColor(Qt::green)) << "the window's own";
+    guide.noticeGoes();
+    house.clock.advance(60ms);
+    EXPECT_EQ(shown(), QColor(Qt::red)) << "the game has drawn since";
+}
+
+TEST_F(GuideOverlayTest, curtainMakesRoomForTheMenu)
+{
+    start();
+    capture.picture = QImage(1920, 1080, QImage::Format_RGB32);
+    emit supervisor.curtainWanted(u"LEFT"_s);
+    EXPECT_EQ(guide.curtain(), u"LEFT"_s);
+    chord();
+    EXPECT_FALSE(guide.curtain());
+    EXPECT_TRUE(guide.picture().isNull()) << "a picture of the curtain";
+    pads.tap(PadButton::b);
+    EXPECT_EQ(guide.curtain(), u"LEFT"_s);
+    emit supervisor.curtainDone();
+    EXPECT_FALSE(guide.curtain());
 }
 
 TEST_F(GuideOverlayTest, chordWithoutAGameBringsVelkoToTheFront)
@@ -185,6 +225,18 @@ TEST_F(GuideOverlayTest, quitWantsASecondPressThatNothingElseGives)
     EXPECT_FALSE(guide.isOpen());
     EXPECT_FALSE(guide.session());
     EXPECT_EQ(notice(), QString());
+}
+
+TEST_F(GuideOverlayTest, countsOnWhileTheEmulatorStillSaves)
+{
+    start(u"retroarch"_s);
+    house.processes.stubborn = {pid};
+    const Timer saving = house.clock.every(500ms, [this] { house.processes.written[pid] += 4096; });
+    chord();
+    choose(GuideItem::quit);
+    pads.tap(PadButton::a);
+    advance(5s);
+    EXPECT_EQ(notice(), u"Closes by itself in 7 s, no need to press ⌘Q");
 }
 
 TEST_F(GuideOverlayTest, questionWhileQuittingIsTheUsersAndTheMenuComesBackOnDemand)
@@ -400,6 +452,7 @@ TEST_F(GuideOverlayTest, saysHowToReachTheMenuWhileTheGameStarts)
     EXPECT_EQ(notice(), u"Hold View, press Menu: Velko menu");
     ask();
     advance(1s);
+    pads.tap(PadButton::view);
     EXPECT_EQ(notice(), u"Answer mGBA's question to start the game");
     windows.close(question);
     show(gameWindow, {0, 0, 1920, 1080});
@@ -408,6 +461,10 @@ TEST_F(GuideOverlayTest, saysHowToReachTheMenuWhileTheGameStarts)
     advance(60s);
     EXPECT_EQ(notice(), QString());
     EXPECT_EQ(house.clock.pending(), 1); // the play clock
+
+    guide.notices().show(GuideToast{{u"State saved"_s, {}}, {}});
+    pads.tap(PadButton::view); // the menu is about to open, and with it a picture of the game
+    EXPECT_EQ(notice(), QString());
 }
 
 TEST_F(GuideOverlayTest, saysNothingMoreOfAGameThatEndsWhileItStarts)

@@ -1,7 +1,7 @@
 #include "play/states/SaveStates.h"
 
-#include "emulators/launch/CommandChannel.h"
 #include "emulators/finding/InstalledEmulators.h"
+#include "emulators/launch/CommandChannel.h"
 
 #include "fakes/FakeAccessibility.h"
 #include "fakes/FakeKeys.h"
@@ -261,6 +261,21 @@ TEST_F(SaveStatesTest, goesOnOnceTheEmulatorCanLoad)
     EXPECT_EQ(accessibility.pressed.size(), 1);
 }
 
+TEST_F(SaveStatesTest, waitsForTheWindowAlsoWhereNoMenuCanBeReached)
+{
+    accessibility.available = false;
+    library.stateSaved(id, write(u"Roms/Lanterns.ml1"_s));
+    library.resume(id);
+    house.launcher.answer(StartedGame{10, {}, u"melonds"_s, {}});
+    const auto shown = std::exchange(windows.windows, {});
+    states.continueFromState(game(u"melonds"_s, u"melonDS"_s));
+    wait(3s);
+    EXPECT_EQ(toasts, 0);
+    windows.windows = shown;
+    wait(3s);
+    EXPECT_EQ(toast, u"Save state loaded"_s);
+}
+
 TEST_F(SaveStatesTest, goesOnFromAStateAfterTheStart)
 {
     const RunningGame melonDS = game(u"melonds"_s, u"melonDS"_s);
@@ -285,6 +300,11 @@ TEST_F(SaveStatesTest, goesOnFromAStateAfterTheStart)
     accessibility.available = false;
     startAgain(true);
     EXPECT_EQ(toast, u"Allow Velko in Accessibility to load your save state automatically."_s);
+    library.resume(id);
+    house.launcher.answer(StartedGame{10, {}, u"mgba"_s, {}});
     states.continueFromState(mgba());
     EXPECT_EQ(toasts, 3) << "resumed by itself";
+    QFile::remove(state);
+    states.continueFromState(mgba());
+    EXPECT_EQ(toast, u"Couldn't load the save state: use Load state in the menu"_s);
 }

@@ -1,6 +1,7 @@
 #include "ui/facts/BiosFacts.h"
 
 #include "emulators/bios/BiosFiles.h"
+#include "emulators/settings/EmulatorChanges.h"
 #include "ui/ListHouse.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 struct BiosHouse : ListHouse {
-    BiosFiles files{places, emulators, preferences, workspace, tasks};
+    EmulatorChanges changes{places, clock, tasks, processes};
+    BiosFiles files{places, emulators, preferences, workspace, tasks, changes};
     BiosFacts facts{files, emulators, translator, places};
 
     BiosHouse() { tasks.immediate = true; }

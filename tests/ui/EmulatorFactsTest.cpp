@@ -1,7 +1,7 @@
 #include "ui/facts/EmulatorFacts.h"
 
-#include "emulators/settings/EmulatorChanges.h"
 #include "emulators/launch/EmulatorOpener.h"
+#include "emulators/settings/EmulatorChanges.h"
 #include "ui/ListHouse.h"
 
 #include <gtest/gtest.h>
@@ -96,7 +96,7 @@ TEST(EmulatorFacts, listWhatWasChangedAndPutItBack)
 {
     PanelHouse house;
     const QString file = house.home.write(u".config/PCSX2/inis/PCSX2.ini"_s, "[EmuCore/GS]\nupscale_multiplier = 4\n");
-    JournalUpdate update;
+    ChangeNotes notes;
     EmulatorChange change;
     change.emulatorID = u"pcsx2"_s;
     change.file = file;
@@ -104,8 +104,8 @@ TEST(EmulatorFacts, listWhatWasChangedAndPutItBack)
     change.key = u"upscale_multiplier"_s;
     change.old = {u"1"_s};
     change.written = u"4"_s;
-    update.changed = {change};
-    house.changes.record(update);
+    notes.add({.changed = {change}, .gone = {}, .quieted = {}});
+    house.changes.record(notes);
     house.facts.setEmulatorID(u"mgba"_s);
     EXPECT_TRUE(house.facts.edits().isEmpty());
     house.facts.setEmulatorID(u"pcsx2"_s);

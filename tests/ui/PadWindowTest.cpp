@@ -1,5 +1,5 @@
-#include "ui/facts/FolderList.h"
 #include "ui/WindowHouse.h"
+#include "ui/facts/FolderList.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -162,6 +162,34 @@ TEST(PadWindow, upLeadsToTheCurrentTabAndDownBackToWhereOneWas)
     house.press(PadButton::rightShoulder);
     house.press(PadButton::leftShoulder);
     EXPECT_EQ(house.focusedGame(), game) << "each tab remembers";
+}
+
+TEST(PadWindow, upAndDownLeadToTheTabThatAGamesPageShows)
+{
+    WindowHouse house(4);
+    ASSERT_TRUE(house.show());
+    const auto text = [&] { return house.control()->property("text").toString(); };
+    house.press(PadButton::rightShoulder);
+    house.press(PadButton::a);
+    house.press(PadButton::dpadDown);
+    EXPECT_EQ(text(), u"Play"_s);
+    for (int i = 0; i < 3; ++i)
+        house.press(PadButton::dpadRight);
+    house.press(PadButton::a);
+    house.press(PadButton::dpadUp);
+    EXPECT_EQ(text(), u"Play"_s) << "the button, though the window's bar is straight above";
+    house.press(PadButton::dpadDown);
+    EXPECT_EQ(text(), u"Info & files"_s) << "though another one is nearer";
+}
+
+TEST(PadWindow, aConsoleWithoutGamesBeginsWhereTheyAreAdded)
+{
+    WindowHouse house(4);
+    ASSERT_TRUE(house.show());
+    house.state.setTab(AppTab::consoles);
+    house.state.setProperty("selectedConsole", u"gb"_s);
+    house.settled();
+    EXPECT_EQ(house.control()->property("name").toString(), u"Add games"_s);
 }
 
 TEST(PadWindow, thePointerIsGoneUntilTheMouseMoves)

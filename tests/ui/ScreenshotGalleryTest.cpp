@@ -58,6 +58,8 @@ TEST_F(ScreenshotGalleryTest, theViewerStaysWithinItsGame)
     EXPECT_EQ(gallery.index(), 2);
     gallery.setIndex(1);
     EXPECT_EQ(gallery.dateText(), u"9 Nov 2026, 21:02"_s);
+    store.add(put(u"Lanterns"_s, 9));
+    EXPECT_EQ(gallery.dateText(), u"9 Nov 2026, 21:02"_s) << "a new one pushes nothing away";
     gallery.close();
     EXPECT_FALSE(gallery.viewing());
     EXPECT_EQ(gallery.source(), QString());
@@ -88,9 +90,9 @@ TEST(ShotPicture, readsAddressesOfItsOwnFolderOnly)
 {
     EXPECT_EQ(shotRequest(u"A%20b.png/288x162/12"_s), (ShotRequest{u"A b.png"_s, {288, 162}, false, 12}));
     EXPECT_EQ(shotRequest(u"A.png/whole/1920x1080"_s), (ShotRequest{u"A.png"_s, {1920, 1080}, true, 0}));
-    const QString odd = u"/p/a 100% #1? ü.png"_s;
-    EXPECT_EQ(shotRequest(shotSource(odd) + u"/whole/8x8"_s)->name, u"a 100% #1? ü.png"_s);
-    for (const QString &wrong : {u"..%2Fsecret.png/288x162/12"_s, u"../secret.png/whole/9x9"_s, u".hidden/whole/9x9"_s,
+    const QString odd = u"/p/.a 100% #1? ü.png"_s;
+    EXPECT_EQ(shotRequest(shotSource(odd) + u"/whole/8x8"_s)->name, u".a 100% #1? ü.png"_s);
+    for (const QString &wrong : {u"..%2Fsecret.png/288x162/12"_s, u"../secret.png/whole/9x9"_s, u"../whole/9x9"_s,
                                  u"A.png/0x9/1"_s, u"A.png/whole/9999x9"_s, u"A.png"_s, u""_s})
         EXPECT_FALSE(shotRequest(wrong)) << qPrintable(wrong);
 }

@@ -24,8 +24,8 @@ inline void keepWarning(QtMsgType type, const QMessageLogContext &, const QStrin
 /// The real window, offscreen, with a few games. Pictures are made in the background, as always.
 struct WindowHouse : ListHouse {
     std::unique_ptr<Tasks> background = makeTasks();
-    BiosFiles bios{places, emulators, preferences, workspace, tasks};
     EmulatorChanges changes{places, clock, tasks, processes};
+    BiosFiles bios{places, emulators, preferences, workspace, tasks, changes};
     FakeTrash trash;
     ScreenshotStore screenshots{places, *background, trash, *store};
     FakeGamepads pads;

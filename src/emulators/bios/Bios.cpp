@@ -3,7 +3,6 @@
 #include "emulators/bios/XemuSetup.h"
 #include "emulators/finding/CoreFinder.h"
 #include "emulators/finding/EmulatorFolders.h"
-#include "emulators/settings/ConfigFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -41,9 +40,9 @@ InstalledEmulator copyOrUsual(const Console &console, const std::optional<Instal
     return copy.value_or(usual);
 }
 
-Message copyFailure(const QString &reason)
+Message copyFailure(const Message &reason)
 {
-    return {u"Could not copy the BIOS: %@"_s, {reason}};
+    return {u"Could not copy the BIOS: %@"_s, {}, {{0, reason}}};
 }
 
 /// Nothing when the copy is whole and at its place; an older file stays there until then.
@@ -64,21 +63,22 @@ std::optional<QString> copyWhole(const QString &from, const QString &to)
     return {};
 }
 
-/// Writes the path of a copied file into xemu's settings. Answers what the user must still do; nothing when xemu knows
-/// the file.
-std::optional<Message> tellXemu(const QString &key, const QString &path, const InstalledEmulator &xemu,
-                                const Places &places)
+Message xemuHasNoSettings(const QString &fileName)
 {
-    const ConfigFileEdit edit = editConfigFile(xemuSettingsFile(xemu, places), [&](const QByteArray &text) {
-        const QString edited = withXemuFiles(QString::fromUtf8(text), {{key, path}});
-        return xemuSystemFiles(edited).value(key) == path ? std::optional(edited.toUtf8()) : std::nullopt;
-    });
-    if (edit.outcome == ConfigFileEdit::Outcome::missing)
-        return Message{u"xemu has no settings yet. Start it once and close it, then drop “%@” again."_s,
-                       {QFileInfo(path).fileName()}};
+    return {u"xemu has no settings yet. Start it once and close it: Velko then enters “%@” there."_s, {fileName}};
+}
+
+/// Writes the path of a copied file into xemu's settings. Answers what is still to be done; nothing when xemu knows the
+/// file.
+std::optional<Message> tellXemu(const QString &key, const QString &path, const InstalledEmulator &xemu,
+                                const Places &places, ChangeNotes &notes)
+{
+    const ConfigFileEdit edit = editNoted(xemuFileEdits(xemu, {{key, path}}, places), xemu.emulatorID, notes);
+    const QString name = QFileInfo(path).fileName();
+    if (edit.outcome == ConfigFileEdit::Outcome::missing) return xemuHasNoSettings(name);
     if (edit.outcome != ConfigFileEdit::Outcome::failed) return {};
     return Message{u"xemu's settings could not be changed. Select “%@” in xemu (Machine → Settings → System)."_s,
-                   {QFileInfo(path).fileName()}};
+                   {name}};
 }
 
 /// The files of the folder that can be meant for the console, with their names. A folder may serve many consoles.
@@ -103,12 +103,13 @@ BiosState firmwareState(const InstalledEmulator &rpcs3, const Places &places)
 
 BiosState xboxState(const InstalledEmulator &xemu, const Places &places)
 {
-    QFile file(xemuSettingsFile(xemu, places));
-    QMap<QString, QString> files;
-    if (file.open(QFile::ReadOnly)) files = xemuSystemFiles(QString::fromUtf8(file.read(4 * chunk)));
-    BiosState state{.presence = BiosPresence::present, .missing = missingXemuFiles(files)};
+    const XemuFiles files = xemuFiles(xemu, places);
+    BiosState state{.presence = BiosPresence::present, .missing = files.missing};
     if (!state.missing.isEmpty()) state.presence = BiosPresence::missing;
-    const QString bootRom = files.value(u"bootrom_path"_s);
+    for (const QString &name : files.waiting)
+        state.remarks += xemuHasNoSettings(name);
+    const QString key = u"bootrom_path"_s;
+    const QString bootRom = files.toEnter.value(key, files.named.value(key));
     const BiosIdentity identity = identifyBios(bootRom);
     if (!bootRom.isEmpty() && QFileInfo(bootRom).isFile() && identity.grade != Grade::good) {
         if (state.missing.isEmpty()) state.presence = BiosPresence::unknownFile;
@@ -156,7 +157,7 @@ BiosState biosState(const Console &console, const std::optional<InstalledEmulato
 }
 
 BiosReport installBios(const Console &console, const QString &file, const std::optional<InstalledEmulator> &copy,
-                       const Places &places)
+                       const Places &places, ChangeNotes &notes)
 {
     BiosReport report;
     report.consoleID = console.id;
@@ -166,17 +167,17 @@ BiosReport installBios(const Console &console, const QString &file, const std::o
         return report;
     }
     if (!info.isFile() || info.size() == 0) {
-        report.message = copyFailure(u"“%1” is not there, or is empty."_s.arg(info.fileName()));
+        report.message = copyFailure({u"“%@” is not there, or is empty."_s, {info.fileName()}});
         return report;
     }
     const QString folder = biosFolder(console, copy, places);
     const QString target = folder + u'/' + info.fileName();
     if (!QDir().mkpath(folder)) {
-        report.message = copyFailure(u"“%1” can't be created."_s.arg(folder));
+        report.message = copyFailure({u"“%@” can't be created."_s, {folder}});
         return report;
     }
     if (const auto failure = copyWhole(file, target)) {
-        report.message = copyFailure(*failure);
+        report.message = copyFailure({*failure, {}});
         return report;
     }
     report.installed = true;
@@ -185,7 +186,7 @@ BiosReport installBios(const Console &console, const QString &file, const std::o
     if (identity.consoleID != console.id) identity = {};
     report.remark = biosRemark(identity, info.fileName(), console.bios->label);
     if (identity.xemuKey.isEmpty() || identity.grade == Grade::badDump) return report;
-    if (const auto remaining = tellXemu(identity.xemuKey, target, copyOrUsual(console, copy), places))
+    if (const auto remaining = tellXemu(identity.xemuKey, target, copyOrUsual(console, copy), places, notes))
         report.remark = remaining;
     return report;
 }

@@ -3,6 +3,7 @@
 #include "catalog/Console.h"
 #include "emulators/bios/BiosIdentity.h"
 #include "emulators/finding/InstalledEmulator.h"
+#include "emulators/settings/ChangeNotes.h"
 #include "platform/Places.h"
 
 #include <QList>
@@ -36,7 +37,7 @@ QString biosFolder(const Console &console, const std::optional<InstalledEmulator
 BiosState biosState(const Console &console, const std::optional<InstalledEmulator> &copy, const Places &places);
 
 /// Copies one file to where the console's emulator looks for it, in place of an older copy, through a temporary file.
-/// xemu is told where its files are. Not for firmware that RPCS3 installs itself. May take long: call it in the
-/// background.
+/// xemu is told where its files are, which is noted. Not for firmware that RPCS3 installs itself. May take long: call
+/// it in the background.
 BiosReport installBios(const Console &console, const QString &file, const std::optional<InstalledEmulator> &copy,
-                       const Places &places);
+                       const Places &places, ChangeNotes &notes);

@@ -2,6 +2,7 @@
 
 #include "emulators/finding/InstalledEmulators.h"
 #include "emulators/launch/FlatpakAccess.h"
+#include "emulators/settings/EmulatorChanges.h"
 #include "platform/Preferences.h"
 #include "platform/Tasks.h"
 
@@ -29,7 +30,13 @@ struct Installed {
     std::optional<InstalledEmulator> rpcs3; ///< present: it must install the file itself
 };
 
-Installed installOne(const QString &consoleID, const QString &file, const CopySearch &copyFor, const Places &places)
+struct InstalledDrop {
+    QList<Installed> files;
+    ChangeNotes notes;
+};
+
+Installed installOne(const QString &consoleID, const QString &file, const CopySearch &copyFor, const Places &places,
+                     ChangeNotes &notes)
 {
     const QString wanted = consoleID.isEmpty() ? identifyBios(file).consoleID : consoleID;
     const Console *console = consoleWithID(wanted, places.host);
@@ -43,7 +50,8 @@ Installed installOne(const QString &consoleID, const QString &file, const CopySe
                 {}};
     }
     const auto copy = copyFor(*console);
-    if (console->bios->dest.kind == BiosDest::Kind::folder) return {installBios(*console, file, copy, places), {}};
+    if (console->bios->dest.kind == BiosDest::Kind::folder)
+        return {installBios(*console, file, copy, places, notes), {}};
     return {{false, {u"Install RPCS3 first."_s, {}}, {}, console->id}, copy};
 }
 
@@ -61,9 +69,9 @@ StartRequest firmwareStart(const InstalledEmulator &rpcs3, const QString &file, 
 }
 
 BiosFiles::BiosFiles(const Places &places, const InstalledEmulators &emulators, const Preferences &preferences,
-                     Workspace &workspace, Tasks &tasks, QObject *parent)
+                     Workspace &workspace, Tasks &tasks, EmulatorChanges &changes, QObject *parent)
     : QObject(parent), m_places(places), m_emulators(emulators), m_preferences(preferences), m_workspace(workspace),
-      m_tasks(tasks)
+      m_tasks(tasks), m_changes(changes)
 { }
 
 std::optional<BiosState> BiosFiles::state(const QString &consoleID) const
@@ -140,17 +148,19 @@ void BiosFiles::next()
     Drop drop = std::move(m_waiting.front());
     m_waiting.pop_front();
     auto work = [consoleID = drop.consoleID, files = drop.files,
-                 search = searchOf(m_emulators, m_preferences, m_places.host), places = m_places] {
-        QList<Installed> all;
+                 search = searchOf(m_emulators, m_preferences, m_places.host), places = m_places,
+                 notes = m_changes.notes()] {
+        InstalledDrop all{{}, notes};
         for (const QString &file : files)
-            all += installOne(consoleID, file, search, places);
+            all.files += installOne(consoleID, file, search, places, all.notes);
         return all;
     };
     // Moved, not copied: whoever waits for `done` may watch for its end.
-    m_tasks.run(this, std::move(work), [this, drop = std::move(drop)](const QList<Installed> &all) {
+    m_tasks.run(this, std::move(work), [this, drop = std::move(drop)](const InstalledDrop &all) {
+        m_changes.record(all.notes);
         QList<BiosReport> reports;
-        for (qsizetype i = 0; i < all.size(); ++i)
-            reports += withFirmwareStarted(all[i].report, drop.files[i], all[i].rpcs3);
+        for (qsizetype i = 0; i < all.files.size(); ++i)
+            reports += withFirmwareStarted(all.files[i].report, drop.files[i], all.files[i].rpcs3);
         m_busy = false;
         drop.done(reports);
         next();

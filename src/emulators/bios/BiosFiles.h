@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 
+class EmulatorChanges;
 class InstalledEmulators;
 class Preferences;
 class Tasks;
@@ -17,7 +18,7 @@ class BiosFiles : public QObject {
     Q_OBJECT
 public:
     BiosFiles(const Places &places, const InstalledEmulators &emulators, const Preferences &preferences,
-              Workspace &workspace, Tasks &tasks, QObject *parent = nullptr);
+              Workspace &workspace, Tasks &tasks, EmulatorChanges &changes, QObject *parent = nullptr);
 
     /// As the last look found it; nothing before the first one.
     std::optional<BiosState> state(const QString &consoleID) const;
@@ -58,6 +59,7 @@ private:
     const Preferences &m_preferences;
     Workspace &m_workspace;
     Tasks &m_tasks;
+    EmulatorChanges &m_changes;
     QHash<QString, Card> m_cards;
     std::deque<Drop> m_waiting;
     bool m_busy = false;

@@ -19,7 +19,7 @@ constexpr qint64 kilobyte = 1024;
 BiosIdentity knownFile(const KnownBios &known, const QString &fileName)
 {
     static const QStringList anyName{u"ps1"_s, u"xbox"_s}; // their emulators look into the files
-    BiosIdentity identity{Grade::good, known.consoleID, known.title, known.name, {}};
+    BiosIdentity identity{Grade::good, known.consoleID, {known.title, {}}, known.name, {}};
     if (known.consoleID == "xbox"_L1) identity.xemuKey = u"bootrom_path"_s;
     const bool named = fileName == known.name;
     if (anyName.contains(known.consoleID)) {
@@ -42,12 +42,13 @@ BiosIdentity knownFile(const KnownBios &known, const QString &fileName)
 /// What has no list of contents but a shape of its own.
 BiosIdentity shapedFile(const QByteArray &start, qint64 size, const QString &name)
 {
-    if (start.startsWith("SCEUF")) return {Grade::good, u"ps3"_s, u"PlayStation 3 firmware"_s, {}, {}};
-    if (start.startsWith("QFI\xfb")) return {Grade::good, u"xbox"_s, u"Xbox hard disk image"_s, {}, u"hdd_path"_s};
+    if (start.startsWith("SCEUF")) return {Grade::good, u"ps3"_s, {u"PlayStation 3 firmware"_s, {}}, {}, {}};
+    if (start.startsWith("QFI\xfb"))
+        return {Grade::good, u"xbox"_s, {u"Xbox hard disk image"_s, {}}, {}, u"hdd_path"_s};
     if (name.startsWith("libsce"_L1) && name.endsWith(".sprx"_L1))
-        return {Grade::good, u"ps4"_s, u"PlayStation 4 firmware module"_s, {}, {}};
+        return {Grade::good, u"ps4"_s, {u"PlayStation 4 firmware module"_s, {}}, {}, {}};
     const bool flash = name == "dc_flash.bin"_L1 || name == "dc_nvmem.bin"_L1;
-    if (flash && size == 128 * kilobyte) return {Grade::good, u"dc"_s, u"Dreamcast flash memory"_s, {}, {}};
+    if (flash && size == 128 * kilobyte) return {Grade::good, u"dc"_s, {u"Dreamcast flash memory"_s, {}}, {}, {}};
     return {};
 }
 
@@ -96,15 +97,18 @@ Message biosRemark(const BiosIdentity &identity, const QString &fileName, const 
 {
     switch (identity.grade) {
     case Grade::good:
-        return {u"“%@” is a good copy: %@."_s, {fileName, identity.title}};
+        return {u"“%@” is a good copy: %@."_s, {fileName}, {{1, identity.title}}};
     case Grade::misnamed:
         return {u"“%@” is really %@. Name it “%@” and drop it again, so that the emulator finds it."_s,
-                {fileName, identity.title, identity.name}};
+                {fileName, {}, identity.name},
+                {{1, identity.title}}};
     case Grade::badDump:
         return {u"“%@” is a bad dump of %@ and won't work. Dump it from your console again."_s,
-                {fileName, identity.title}};
+                {fileName},
+                {{1, identity.title}}};
     case Grade::unknown:
         break;
     }
-    return {u"“%@” isn't a known file (%@). Should games not start, try another one."_s, {fileName, label}};
+    return {
+        u"“%@” isn't a known file (%@). Should games not start, try another one."_s, {fileName}, {{1, {label, {}}}}};
 }

@@ -16,7 +16,7 @@ struct BiosIdentity {
     };
     Grade grade = Grade::unknown;
     QString consoleID; ///< the console it belongs to; empty when nothing tells
-    QString title; ///< "SCPH-5501 (America)"; empty when unknown
+    Message title; ///< "SCPH-5501 (America)"; empty when unknown
     QString name; ///< the file name by which emulators find it; empty when they take any
     QString xemuKey; ///< Xbox: the key of [sys.files] in xemu.toml that must hold its path; else empty
     bool operator==(const BiosIdentity &) const = default;

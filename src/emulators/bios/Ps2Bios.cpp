@@ -32,7 +32,7 @@ static QByteArray romVersion(const QByteArray &image)
     return {};
 }
 
-std::optional<QString> ps2BiosTitle(const QByteArray &image)
+std::optional<Message> ps2BiosTitle(const QByteArray &image)
 {
     static const QHash<char, QString> regions{
         {'J', u"Japan"_s}, {'A', u"America"_s}, {'E', u"Europe"_s}, {'H', u"Asia"_s}, {'C', u"China"_s}};
@@ -42,5 +42,6 @@ std::optional<QString> ps2BiosTitle(const QByteArray &image)
         if (digit < '0' || digit > '9') return {};
     }
     const QString number = u"%1.%2"_s.arg(version.first(2).toInt()).arg(QString::fromLatin1(version.sliced(2, 2)));
-    return u"PlayStation 2 BIOS %1 (%2)"_s.arg(number, regions.value(version[4], u"another region"_s));
+    const Message region{regions.value(version[4], u"another region"_s), {}};
+    return Message{u"PlayStation 2 BIOS %@ (%@)"_s, {number}, {{1, region}}};
 }

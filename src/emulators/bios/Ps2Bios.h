@@ -1,8 +1,9 @@
 #pragma once
 
+#include "base/Message.h"
+
 #include <QByteArray>
-#include <QString>
 #include <optional>
 
 /// What a PlayStation 2 BIOS says about itself: "PlayStation 2 BIOS 1.60 (America)". Nothing for any other content.
-std::optional<QString> ps2BiosTitle(const QByteArray &image);
+std::optional<Message> ps2BiosTitle(const QByteArray &image);

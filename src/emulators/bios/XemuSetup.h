@@ -1,6 +1,7 @@
 #pragma once
 
 #include "emulators/finding/InstalledEmulator.h"
+#include "emulators/settings/ConfigEdit.h"
 #include "platform/Places.h"
 
 #include <QMap>
@@ -13,10 +14,16 @@ QString xemuSettingsFile(const InstalledEmulator &xemu, const Places &places);
 /// The texts of the section [sys.files] of xemu.toml, by key. What cannot be read counts as not set.
 QMap<QString, QString> xemuSystemFiles(const QString &toml);
 
-/// The labels of the system files that xemu cannot run without and that are not set, or not at their place (a look at
-/// the disk). In the order in which xemu shows them.
-QStringList missingXemuFiles(const QMap<QString, QString> &systemFiles);
+/// The system files that xemu cannot run without. Keys are those of [sys.files].
+struct XemuFiles {
+    bool hasSettings = false; ///< there is a xemu.toml
+    QMap<QString, QString> named; ///< in xemu.toml
+    QMap<QString, QString> toEnter; ///< lie in xemu's folder, and xemu.toml names no file in their place; it can
+    QStringList missing; ///< labels of those that xemu will not find even then, in the order in which it shows them
+    QStringList waiting; ///< names of files that lie in xemu's folder and can't be entered yet, for want of a xemu.toml
+};
+/// Looks at the disk.
+XemuFiles xemuFiles(const InstalledEmulator &xemu, const Places &places);
 
-/// The text of xemu.toml with these paths in [sys.files]; nothing else in it changes. Keys that are missing, and the
-/// section, are added. Unchanged when it cannot be edited safely.
-QString withXemuFiles(const QString &toml, const QMap<QString, QString> &systemFiles);
+/// The edits that enter files in xemu.toml.
+FileEdits xemuFileEdits(const InstalledEmulator &xemu, const QMap<QString, QString> &files, const Places &places);

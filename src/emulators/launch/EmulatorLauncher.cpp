@@ -42,23 +42,31 @@ void EmulatorLauncher::prepare(const LaunchRequest &request, Done done)
                             .mapsControllers = !m_preferences.contains(preference::autoXboxSetup)
                                 || m_preferences.get(preference::autoXboxSetup),
                             .vblankRaised = m_preferences.get(preference::rpcs3VblankRaised),
-                            .now = m_clock.now()};
+                            .now = m_clock.now(),
+                            .notes = m_changes.notes()};
     const auto prepare = [input, places = m_places, finder = m_emulators.finder(), &processes = m_processes] {
         return prepareLaunch(input, places, finder, processes);
     };
     m_tasks.run(this, prepare, [this, done = std::move(done)](Result<PreparedLaunch, LaunchRefusal> prepared) {
         if (!prepared) return done(prepared.failure());
+        if (prepared.value().setUp) m_changes.record(prepared.value().setUp->notes);
         endRunning(std::move(prepared.value()), done);
     });
 }
 
-QString EmulatorLauncher::controllerToSetUp(const LaunchRequest &request) const
+QString EmulatorLauncher::engineFor(const LaunchRequest &request) const
 {
     const Console *console = consoleWithID(request.consoleID, m_places.host);
-    if (!console || opensItself(request.path, *console, m_places.host) || m_session().controllers.isEmpty()) return {};
+    if (console && opensItself(request.path, *console, m_places.host)) return engineOfNativeGame(*console);
     const auto emulator = m_emulators.forConsole(request.consoleID);
-    if (!emulator || controllerClass(emulator->emulatorID) != ControllerClass::manual) return {};
-    const QString &id = emulator->emulatorID;
+    return emulator ? emulator->emulatorID : QString();
+}
+
+QString EmulatorLauncher::controllerToSetUp(const LaunchRequest &request) const
+{
+    const QString id = engineFor(request);
+    if (id.isEmpty() || controllerClass(id) != ControllerClass::manual) return {};
+    if (m_session().controllers.isEmpty()) return {};
     const bool settled = m_preferences.get(preference::controllerConfigured(id))
         || m_preferences.get(preference::hideControllerNotice(id));
     return settled ? QString() : id;
@@ -92,11 +100,11 @@ void EmulatorLauncher::setUp(const PreparedLaunch &launch, const Done &done)
 {
     if (!launch.setUp) return start(launch, launch.shortcomings, done);
     SetUpOrder order = *launch.setUp;
-    order.journal = m_changes.journal();
+    order.notes = m_changes.notes();
     m_tasks.run(
         this, [order, &processes = m_processes] { return setUpEmulator(order, processes); },
         [this, launch, done](const SetUpOutcome &outcome) {
-            m_changes.record(outcome.update);
+            m_changes.record(outcome.notes);
             if (outcome.vblankRate)
                 m_preferences.set(preference::rpcs3VblankRaised, *outcome.vblankRate != usualVblankRate);
             start(launch, launch.shortcomings + outcome.failures, done);

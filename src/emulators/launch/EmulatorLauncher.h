@@ -25,6 +25,7 @@ public:
 
     using Done = std::function<void(LaunchResult)>;
     void launch(const LaunchRequest &request, Done done) override;
+    QString engineFor(const LaunchRequest &request) const override;
     QString controllerToSetUp(const LaunchRequest &request) const override;
 
     /// With them a game that wants 60 FPS waits a few seconds for its list of patches, when there is none at all yet.

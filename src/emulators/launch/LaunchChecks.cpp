@@ -39,12 +39,12 @@ std::optional<Message> nativeGameRefusal(const QString &path, Host host)
 
 static std::optional<Message> xemuRefusal(const InstalledEmulator &xemu, const Places &places)
 {
-    const QString toml = QString::fromUtf8(contentOf(xemuSettingsFile(xemu, places)).value_or(QByteArray()));
-    const QStringList missing = missingXemuFiles(xemuSystemFiles(toml));
+    const QStringList missing = xemuFiles(xemu, places).missing;
     if (missing.isEmpty()) return {};
     return Message{
         u"xemu isn't set up yet. Missing: %@. Open xemu → Machine → Settings → System and choose these files, then play again."_s,
-        {missing.join(u", "_s)}};
+        {},
+        {{0, listed(missing)}}};
 }
 
 std::optional<QString> ps4GameFolder(const QString &gamePath)

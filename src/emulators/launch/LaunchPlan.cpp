@@ -18,6 +18,11 @@ QMap<QString, QString> macEnvironment(const GameSettings &settings)
     return {{u"MTL_HUD_ENABLED"_s, u"1"_s}, {u"DM_METAL_HUD"_s, u"1"_s}};
 }
 
+bool countsByMangoHud(const GameSettings &settings, const QString &emulatorID, const LaunchFacts &facts)
+{
+    return settings.showFPS && facts.mangoHud && !showsOwnCounter(emulatorID);
+}
+
 QMap<QString, QString> linuxEnvironment(const GameSettings &settings, const QString &emulatorID,
                                         const LaunchFacts &facts)
 {
@@ -29,8 +34,16 @@ QMap<QString, QString> linuxEnvironment(const GameSettings &settings, const QStr
         environment.insert(u"SDL_VIDEO_DRIVER"_s, u"x11"_s);
         environment.insert(u"GDK_BACKEND"_s, u"x11"_s);
     }
-    if (settings.showFPS && facts.mangoHud && !showsOwnCounter(emulatorID)) environment.insert(u"MANGOHUD"_s, u"1"_s);
+    if (countsByMangoHud(settings, emulatorID, facts)) environment.insert(u"MANGOHUD"_s, u"1"_s);
     return environment;
+}
+
+/// The variable reaches programs that draw with Vulkan, also in a Flatpak; those with OpenGL have to be started through
+/// MangoHud, which then becomes the program.
+void startThroughMangoHud(LaunchPlan &plan, const GameSettings &settings, const QString &emulatorID,
+                          const LaunchFacts &facts)
+{
+    if (countsByMangoHud(settings, emulatorID, facts)) plan.command.prepend(u"mangohud"_s);
 }
 
 QString applicationIDOf(const QString &id, const QString &path)
@@ -78,7 +91,10 @@ void prepareLinux(LaunchPlan &plan, const LaunchRequest &request, const Installe
 {
     const QString &id = emulator.emulatorID;
     plan.environment = linuxEnvironment(request.settings, id, facts);
-    if (emulator.kind == ApplicationKind::flatpak) runInFlatpak(plan, request, emulator, facts);
+    if (emulator.kind == ApplicationKind::flatpak)
+        runInFlatpak(plan, request, emulator, facts);
+    else
+        startThroughMangoHud(plan, request.settings, id, facts);
     plan.command += linuxArguments(request, id, facts);
     // Cemu reads its list of games at its start only.
     if (id == "cemu"_L1) plan.programsToEnd = emulatorWithID(id, Host::linux)->programs;
@@ -100,15 +116,21 @@ bool opensItself(const QString &path, const Console &console, Host host)
     return path.endsWith(host == Host::mac ? ".app"_L1 : ".appimage"_L1, Qt::CaseInsensitive);
 }
 
+QString engineOfNativeGame(const Console &console)
+{
+    return console.engine == Engine::nxnative ? u"nxnative"_s : u"native"_s;
+}
+
 LaunchPlan planNativeGame(const LaunchRequest &request, const Console &console, const LaunchFacts &facts)
 {
     LaunchPlan plan;
-    plan.engine = console.engine == Engine::nxnative ? u"nxnative"_s : u"native"_s;
+    plan.engine = engineOfNativeGame(console);
     plan.applicationID = applicationIDOf({}, request.path);
     plan.command = {request.path};
     plan.workingFolder = facts.home;
     if (facts.host == Host::linux) {
         plan.environment = linuxEnvironment(request.settings, {}, facts);
+        startThroughMangoHud(plan, request.settings, {}, facts);
         return plan;
     }
     plan.environment = macEnvironment(request.settings);

@@ -50,6 +50,7 @@ struct LaunchPlan {
 /// its name (".app" on the Mac, ".AppImage" on Linux) whatever its console.
 bool opensItself(const QString &path, const Console &console, Host host);
 
+QString engineOfNativeGame(const Console &console); ///< "nxnative" or "native"
 LaunchPlan planNativeGame(const LaunchRequest &request, const Console &console, const LaunchFacts &facts);
 LaunchPlan planEmulator(const LaunchRequest &request, const InstalledEmulator &emulator, const LaunchFacts &facts);
 

@@ -1,5 +1,6 @@
 #include "emulators/launch/LaunchPreparation.h"
 
+#include "emulators/bios/XemuSetup.h"
 #include "emulators/controllers/ControllerMapping.h"
 #include "emulators/launch/CommandChannel.h"
 #include "emulators/launch/LaunchArguments.h"
@@ -73,7 +74,9 @@ static SetUpOrder orderOf(const InstalledEmulator &emulator, const LaunchInput &
     order.wish.settings.fullScreen = startsFullScreen(request, facts);
     order.mapsController = input.mapsControllers && hasXboxController(input.session.controllers);
     if (input.vblankRaised) order.vblankRate = usualVblankRate;
-    order.now = ReferenceDate::from(input.now);
+    if (emulator.emulatorID == "xemu"_L1)
+        order.found = xemuFileEdits(emulator, xemuFiles(emulator, places).toEnter, places);
+    order.notes = input.notes;
     return order;
 }
 
@@ -120,7 +123,7 @@ static void applyPatch(SetUpOrder &order, QList<Message> &shortcomings, const Pl
 {
     const SettingsWish &wish = order.wish;
     const FramePatchOutcome outcome =
-        applyFramePatch({wish.emulatorID, wish.gamePath, wish.folders}, wish.settings.fps60, places);
+        applyFramePatch({wish.emulatorID, wish.gamePath, wish.folders}, wish.settings.fps60, places, order.notes);
     if (outcome.vblankRate) order.vblankRate = outcome.vblankRate;
     if (outcome.shortcoming) shortcomings += *outcome.shortcoming;
 }

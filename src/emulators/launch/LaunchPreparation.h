@@ -28,6 +28,7 @@ struct LaunchInput {
     bool mapsControllers = true; ///< the user lets Velko map controllers in emulators
     bool vblankRaised = false; ///< RPCS3 still draws at the rate of an earlier game's patch
     QDateTime now;
+    ChangeNotes notes; ///< of what Velko has changed in emulators' files
 };
 
 /// A launch that only has to be started.
@@ -35,7 +36,7 @@ struct PreparedLaunch {
     LaunchPlan plan;
     QString logFile;
     QList<qint64> running; ///< processes that must have ended before
-    std::optional<SetUpOrder> setUp; ///< of the emulator's own files, once those have ended
+    std::optional<SetUpOrder> setUp; ///< of the emulator's own files, once those have ended; notes what was done
     QList<Message> shortcomings; ///< what the game asks for and cannot get; it starts without
 };
 

@@ -2,7 +2,6 @@
 
 #include "emulators/patches/FrameRatePatch.h"
 #include "emulators/patches/PatchLists.h"
-#include "emulators/settings/ConfigFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,8 +17,9 @@ namespace {
 
 Message noPs4Patch(const QString &version)
 {
-    const QString which = version.isEmpty() ? QString() : u' ' + filled(u"version %@"_s, {version});
-    return {u"No 60 FPS patch for this game%@ yet."_s, {which}};
+    const QString sentence = u"No 60 FPS patch for this game%@ yet."_s;
+    if (version.isEmpty()) return {sentence, {QString()}};
+    return {sentence, {}, {{0, {u" %@"_s, {}, {{0, {u"version %@"_s, {version}}}}}}}};
 }
 
 Message notWritten(const QString &path)
@@ -52,38 +52,44 @@ QString switchFile(const FramePatchGame &game, Host host)
     return game.folders.config + (host == Host::mac ? u"/config/patch_config.yml"_s : u"/patch_config.yml"_s);
 }
 
-std::optional<Message> switchPs3(const QString &file, const QList<PS3PatchUse> &uses, bool on, Host host)
+/// RPCS3 makes this file only when a patch is switched, so it may well be missing.
+ConfigFileEdit makeSwitches(const FileEdits &edits, ChangeNotes &notes)
 {
-    const TextEdit edit = [&](const QByteArray &text) {
-        std::optional<QByteArray> result = text;
-        for (const PS3PatchUse &use : uses) {
-            if (result) result = withPs3Patch(*result, use, on, host);
-        }
-        return result;
-    };
-    const ConfigFileEdit done = editConfigFile(file, edit);
-    if (done.outcome == ConfigFileEdit::Outcome::failed) return done.why;
-    if (done.outcome != ConfigFileEdit::Outcome::missing || !on) return {};
-    // RPCS3 makes this file only when a patch is switched, so it may well be missing.
-    QDir().mkpath(QFileInfo(file).path());
-    return writeNew(file, edit({}).value_or(QByteArray())) ? std::nullopt : std::optional(notWritten(file));
+    JournalUpdate update;
+    const auto text = edited({}, edits, u"rpcs3"_s, notes.now, notes.journal, update);
+    QDir().mkpath(QFileInfo(edits.file).path());
+    if (!text || !writeNew(edits.file, *text)) return {ConfigFileEdit::Outcome::failed, notWritten(edits.file)};
+    notes.add(update);
+    return {ConfigFileEdit::Outcome::written, {}};
 }
 
-FramePatchOutcome applyPs3(const FramePatchGame &game, bool on, const Places &places)
+std::optional<Message> switchPs3(const QString &file, const QList<ConfigEdit> &switches, ChangeNotes &notes)
+{
+    const FileEdits edits{file, ConfigFormat::yaml, switches};
+    ConfigFileEdit done = editNoted(edits, u"rpcs3"_s, notes);
+    if (done.outcome == ConfigFileEdit::Outcome::missing) done = makeSwitches(edits, notes);
+    return done.outcome == ConfigFileEdit::Outcome::failed ? std::optional(done.why) : std::nullopt;
+}
+
+FramePatchOutcome applyPs3(const FramePatchGame &game, bool on, const Places &places, ChangeNotes &notes)
 {
     const QString file = switchFile(game, places.host);
     const QByteArray config = contentOf(file);
     if (!on && !config.contains("true")) return {};
     const QList<PS3PatchUse> uses = ps3Uses(game, places);
     QList<PS3PatchUse> switchedOn;
+    QList<ConfigEdit> off;
     for (const PS3PatchUse &use : uses) {
-        if (ps3PatchSwitch(config, use).value_or(false)) switchedOn += use;
+        if (!ps3PatchSwitch(config, use).value_or(false)) continue;
+        switchedOn += use;
+        off += ps3PatchEdit(config, use, false, places.host);
     }
-    if (!on) return {{}, switchedOn.isEmpty() ? std::nullopt : switchPs3(file, switchedOn, false, places.host)};
+    if (!on) return {{}, off.isEmpty() ? std::nullopt : switchPs3(file, off, notes)};
     if (uses.isEmpty()) return {{}, listIsThere(game, places) ? noPs3Patch : patchListMissing(game.emulatorID)};
     // One that the user has chosen among several stays the one.
     const PS3PatchUse chosen = switchedOn.isEmpty() ? uses.first() : switchedOn.first();
-    const auto trouble = switchedOn.isEmpty() ? switchPs3(file, {chosen}, true, places.host) : std::nullopt;
+    const auto trouble =
+        switchedOn.isEmpty() ? switchPs3(file, {ps3PatchEdit(config, chosen, true, places.host)}, notes) : std::nullopt;
     if (trouble) return {{}, trouble};
     return {vblankRateOf(chosen.patch.notes), {}};
 }
@@ -155,9 +161,9 @@ FramePatchSearch findFramePatch(const FramePatchGame &game, const Places &places
     return {{}, noPs4Patch(identity->version)};
 }
 
-FramePatchOutcome applyFramePatch(const FramePatchGame &game, bool on, const Places &places)
+FramePatchOutcome applyFramePatch(const FramePatchGame &game, bool on, const Places &places, ChangeNotes &notes)
 {
-    if (game.emulatorID == "rpcs3"_L1) return applyPs3(game, on, places);
+    if (game.emulatorID == "rpcs3"_L1) return applyPs3(game, on, places, notes);
     if (game.emulatorID == "shadps4"_L1) return applyPs4(game, on, places);
     return {};
 }

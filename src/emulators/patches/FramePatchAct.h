@@ -2,6 +2,7 @@
 
 #include "base/Message.h"
 #include "emulators/finding/EmulatorFolders.h"
+#include "emulators/settings/ChangeNotes.h"
 #include "platform/Places.h"
 
 #include <optional>
@@ -32,5 +33,6 @@ struct FramePatchOutcome {
     std::optional<Message> shortcoming; ///< why it is not on as wanted
 };
 
-/// Switches the game's 60 FPS patch on, or off where it is on, in the emulator's own files.
-FramePatchOutcome applyFramePatch(const FramePatchGame &game, bool on, const Places &places);
+/// Switches the game's 60 FPS patch on, or off where it is on, in the emulator's own files, and notes it; shadPS4's are
+/// files of ours.
+FramePatchOutcome applyFramePatch(const FramePatchGame &game, bool on, const Places &places, ChangeNotes &notes);

@@ -115,8 +115,8 @@ QStringList pathOf(const PS3PatchUse &use)
 std::optional<QString> fittingVersion(const QString &version, const QStringList &listed)
 {
     if (!version.isEmpty() && listed.contains(version)) return version;
-    if (listed.contains(all)) return all;
-    return version.isEmpty() && !listed.isEmpty() ? std::optional(listed.first()) : std::nullopt;
+    if (listed.contains(all) || listed.isEmpty()) return all;
+    return version.isEmpty() ? std::optional(listed.first()) : std::nullopt;
 }
 }
 
@@ -152,13 +152,14 @@ std::optional<bool> ps3PatchSwitch(const QByteArray &config, const PS3PatchUse &
     return values.last() == "true"_L1;
 }
 
-std::optional<QByteArray> withPs3Patch(const QByteArray &config, const PS3PatchUse &use, bool on, Host host)
+ConfigEdit ps3PatchEdit(const QByteArray &config, const PS3PatchUse &use, bool on, Host host)
 {
-    const QStringList value{on ? u"true"_s : u"false"_s};
     const QStringList older = yamlValues(config, pathOf(use));
     const bool isOlder = !older.isEmpty() && !older.last().isEmpty();
-    const bool nested = host == Host::linux && !isOlder;
-    return editYaml(config, nested ? pathOf(use) + QStringList{u"Enabled"_s} : pathOf(use), value);
+    QStringList path = pathOf(use);
+    if (host == Host::linux && !isOlder) path += u"Enabled"_s;
+    const QString key = path.takeLast();
+    return {path, key, on ? u"true"_s : u"false"_s};
 }
 
 QByteArray encodePs3Patches(const QList<PS3PatchEntry> &entries)

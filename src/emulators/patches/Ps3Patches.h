@@ -2,6 +2,7 @@
 
 #include "base/Host.h"
 #include "emulators/launch/GameIdentity.h"
+#include "emulators/settings/ConfigEdit.h"
 
 #include <QByteArray>
 #include <QList>
@@ -44,14 +45,15 @@ struct PS3PatchUse {
     bool operator==(const PS3PatchUse &) const = default;
 };
 
-/// Every patch for this game, in file order. Without a known version every listed one fits.
+/// Every patch for this game, in file order. Without a known version every listed one fits; where the list names none,
+/// it is for all.
 QList<PS3PatchUse> ps3PatchesFor(const GameIdentity &game, const QList<PS3PatchEntry> &entries);
 
 /// Whether RPCS3's patch_config.yml switches the patch on; nothing where it says nothing about it.
 std::optional<bool> ps3PatchSwitch(const QByteArray &config, const PS3PatchUse &use);
 
-/// patch_config.yml with the patch switched; nothing else in it changes. Nothing when the text cannot be edited.
-std::optional<QByteArray> withPs3Patch(const QByteArray &config, const PS3PatchUse &use, bool on, Host host);
+/// The edit of patch_config.yml that switches the patch, in the form that the text has already, if any.
+ConfigEdit ps3PatchEdit(const QByteArray &config, const PS3PatchUse &use, bool on, Host host);
 
 // The entries as our own file holds them.
 QByteArray encodePs3Patches(const QList<PS3PatchEntry> &entries);

@@ -87,11 +87,22 @@ void EmulatorChanges::save()
     if (stored.open(QFile::WriteOnly) && stored.write(json) == json.size()) stored.commit();
 }
 
-void EmulatorChanges::record(const JournalUpdate &update)
+ChangeNotes EmulatorChanges::notes() const
 {
-    if (update.isEmpty()) return;
+    return {journal(), ReferenceDate::from(m_clock.now()), {}};
+}
+
+void EmulatorChanges::record(const ChangeNotes &notes)
+{
+    record(notes.added);
+}
+
+void EmulatorChanges::record(const QList<JournalUpdate> &updates)
+{
+    if (updates.isEmpty()) return;
     journal();
-    apply(update, m_journal);
+    for (const JournalUpdate &update : updates)
+        apply(update, m_journal);
     save();
     emit changed();
 }
@@ -135,7 +146,7 @@ void EmulatorChanges::begin(const QString &emulatorID)
     m_tasks.run(
         this, [changes = of(emulatorID)] { return putBackInFiles(changes); },
         [this, emulatorID](const PutBackReport &report) {
-            record({.changed = {}, .gone = report.done + report.changedSince, .quieted = {}});
+            record({{.changed = {}, .gone = report.done + report.changedSince, .quieted = {}}});
             emit changed();
             emit putBackFinished(emulatorID, report);
         });

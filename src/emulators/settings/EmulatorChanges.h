@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Message.h"
-#include "emulators/settings/ChangeJournal.h"
+#include "emulators/settings/ChangeNotes.h"
 #include "platform/Clock.h"
 #include "platform/Places.h"
 
@@ -35,7 +35,10 @@ public:
 
     QList<EmulatorChange> of(const QString &emulatorID) const; ///< in the order of the first change
     const ChangeJournal &journal() const;
-    void record(const JournalUpdate &update); ///< of edits that were made in the background
+
+    /// For edits in the background; what they have added is recorded when they are back.
+    ChangeNotes notes() const;
+    void record(const ChangeNotes &notes);
 
     /// Puts everything back that Velko has changed in this emulator's files, as soon as none of its programs runs; they
     /// would write their own settings over it. Ignored when it is waiting or there is nothing to put back.
@@ -51,6 +54,7 @@ private:
     QString file() const { return m_places.dataFolder() + QStringLiteral("/emulator-changes.json"); }
     void read() const;
     void save();
+    void record(const QList<JournalUpdate> &updates);
     void look();
     void begin(const QString &emulatorID);
 

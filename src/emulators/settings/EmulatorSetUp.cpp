@@ -3,7 +3,6 @@
 #include "emulators/controllers/ControllerClass.h"
 #include "emulators/controllers/ControllerMapping.h"
 #include "emulators/finding/RunningEmulators.h"
-#include "emulators/settings/ConfigFile.h"
 
 namespace {
 /// Everything that one file gets.
@@ -33,7 +32,7 @@ QList<FileEdits> quietNow(const SetUpOrder &order, const ProcessControl &process
     const SettingsWish &wish = order.wish;
     QList<FileEdits> all = quietEdits(wish.emulatorID, wish.host, wish.folders);
     all.removeIf([&order](const FileEdits &edits) {
-        return edits.file.isEmpty() || order.journal.quieted.contains(edits.file);
+        return edits.file.isEmpty() || order.notes.journal.quieted.contains(edits.file);
     });
     const bool runs = !all.isEmpty() && !processesOf(wish.emulatorID, wish.host, processes.running()).isEmpty();
     return runs ? QList<FileEdits>() : all;
@@ -49,6 +48,7 @@ QList<Batch> batchesOf(const SetUpOrder &order, const ProcessControl &processes)
         batchOf(batches, settings).backUp = BackUp::once;
     }
     add(batches, settings);
+    add(batches, order.found);
     if (wish.emulatorID == QLatin1String("rpcs3") && order.vblankRate)
         add(batches, vblankRateEdits(wish.folders, *order.vblankRate));
     for (const FileEdits &quiet : quietNow(order, processes)) {
@@ -65,21 +65,13 @@ SetUpOutcome setUpEmulator(const SetUpOrder &order, const ProcessControl &proces
     using Outcome = ConfigFileEdit::Outcome;
     const SettingsWish &wish = order.wish;
     const QString settings = settingsFile(wish.emulatorID, wish.folders);
-    SetUpOutcome outcome;
+    SetUpOutcome outcome{.notes = order.notes};
     for (const Batch &batch : batchesOf(order, processes)) {
-        JournalUpdate update;
-        const ConfigFileEdit edit = editConfigFile(
-            batch.file.file,
-            [&](const QByteArray &text) {
-                update = {};
-                return edited(text, batch.file, wish.emulatorID, order.now, order.journal, update);
-            },
-            batch.backUp);
+        const ConfigFileEdit edit = editNoted(batch.file, wish.emulatorID, outcome.notes, batch.backUp);
         if (edit.outcome == Outcome::failed) outcome.failures += edit.why;
         if (edit.outcome == Outcome::failed || edit.outcome == Outcome::missing) continue;
-        outcome.update.changed += update.changed;
-        outcome.update.gone += update.gone;
-        if (batch.quiets) outcome.update.quieted.insert(batch.file.file, order.now);
+        if (batch.quiets)
+            outcome.notes.add({.changed = {}, .gone = {}, .quieted = {{batch.file.file, order.notes.now}}});
         if (batch.file.file != settings) continue;
         outcome.controllerMapped =
             order.mapsController && controllerClass(wish.emulatorID) == ControllerClass::automatic;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Message.h"
-#include "emulators/settings/ChangeJournal.h"
+#include "emulators/settings/ChangeNotes.h"
 #include "emulators/settings/EmulatorSettings.h"
 
 class ProcessControl;
@@ -11,12 +11,12 @@ struct SetUpOrder {
     SettingsWish wish;
     bool mapsController = false; ///< allowed, and a controller that the mapping is for is connected
     std::optional<int> vblankRate; ///< RPCS3: to be written; absent: left alone
-    ChangeJournal journal;
-    ReferenceDate now;
+    FileEdits found; ///< what the emulator is told of files that lie ready for it
+    ChangeNotes notes;
 };
 
 struct SetUpOutcome {
-    JournalUpdate update;
+    ChangeNotes notes;
     QList<Message> failures; ///< of files that stay as they were; the launch goes on
     bool controllerMapped = false; ///< the file now holds the mapping
     std::optional<int> vblankRate; ///< the one that was written

@@ -14,6 +14,7 @@ public:
     QList<Monitor> displays() const override;
     QList<AppWindow> windowsOf(const QList<qint64> &pids) const override;
     std::optional<AppWindow> activeWindow() const override;
+    bool isComposed() const override;
     void move(quint64 window, const QRect &place) override;
     void setFullScreen(quint64 window, bool fullScreen, int display) override;
     void activate(quint64 window) override;
@@ -45,12 +46,26 @@ LinuxWindows::LinuxWindows(const QByteArray &display)
     : m_connection(std::make_unique<XConnection>(display)), m_reader(*m_connection)
 {
     if (!isAvailable()) return;
-    m_connection->intern({"_NET_CLIENT_LIST", "_NET_ACTIVE_WINDOW", "_NET_SUPPORTED", "_NET_SUPPORTING_WM_CHECK",
-                          "_NET_WM_PID", "_NET_WM_NAME", "WM_NAME", "WM_TRANSIENT_FOR", "_NET_WM_WINDOW_TYPE",
-                          "_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_WINDOW_TYPE_DIALOG", "_NET_WM_STATE",
-                          "_NET_WM_STATE_MODAL", "_NET_WM_STATE_FULLSCREEN", "_NET_WM_STATE_MAXIMIZED_VERT",
-                          "_NET_WM_STATE_MAXIMIZED_HORZ", "_NET_MOVERESIZE_WINDOW", "_NET_WM_FULLSCREEN_MONITORS",
-                          "_NET_CLOSE_WINDOW"});
+    m_connection->intern({"_NET_CLIENT_LIST",
+                          "_NET_ACTIVE_WINDOW",
+                          "_NET_SUPPORTED",
+                          "_NET_SUPPORTING_WM_CHECK",
+                          "_NET_WM_PID",
+                          "_NET_WM_NAME",
+                          "WM_NAME",
+                          "WM_TRANSIENT_FOR",
+                          "_NET_WM_WINDOW_TYPE",
+                          "_NET_WM_WINDOW_TYPE_NORMAL",
+                          "_NET_WM_WINDOW_TYPE_DIALOG",
+                          "_NET_WM_STATE",
+                          "_NET_WM_STATE_MODAL",
+                          "_NET_WM_STATE_FULLSCREEN",
+                          "_NET_WM_STATE_MAXIMIZED_VERT",
+                          "_NET_WM_STATE_MAXIMIZED_HORZ",
+                          "_NET_MOVERESIZE_WINDOW",
+                          "_NET_WM_FULLSCREEN_MONITORS",
+                          "_NET_CLOSE_WINDOW",
+                          "_NET_WM_CM_S0"});
     const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(*m_connection, m_connection->root(), XCB_CW_EVENT_MASK, &mask);
     watchDisplays(*m_connection);
@@ -80,6 +95,14 @@ std::optional<AppWindow> LinuxWindows::activeWindow() const
     if (active == XCB_WINDOW_NONE) return {};
     const QList<AppWindow> found = m_reader.described({active}, m_reader.owners({active}));
     return found.isEmpty() ? std::nullopt : std::optional(found.first());
+}
+
+// Whoever blends windows owns this name. They come and go while programs run.
+bool LinuxWindows::isComposed() const
+{
+    const auto asked = xcb_get_selection_owner(*m_connection, m_connection->atom("_NET_WM_CM_S0"));
+    const auto owner = m_connection->reply(xcb_get_selection_owner_reply, asked);
+    return owner && owner->owner != XCB_WINDOW_NONE;
 }
 
 // xfwm4 takes no move of a window that is maximised or full screen, so both end first; window managers take requests

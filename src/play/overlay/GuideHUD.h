@@ -11,7 +11,7 @@
 struct GuideHUD {
     Message text;
     QString icon; ///< name of a symbol
-    QString combo; ///< in place of the icon: "guide" draws View and Menu, "hotKey" the keys that do the same
+    QString combo; ///< in place of the icon: "guide" draws View and Menu
     bool busy = false; ///< in place of both: something is being waited for
     QDateTime since; ///< when the countdown began
     std::chrono::seconds forceAfter{0}; ///< above 0: the text's "%ld" counts down from it

@@ -7,6 +7,11 @@ Message GuideNotices::text() const
     return m_hud ? countedDown(*m_hud, m_clock.now()) : Message();
 }
 
+bool GuideNotices::hasCountedDown() const
+{
+    return m_hud && m_hud->forceAfter > 0s && secondsLeft(*m_hud, m_clock.now()) == 0;
+}
+
 int GuideNotices::show(GuideHUD hud, std::optional<std::chrono::milliseconds> time)
 {
     if (hud.forceAfter > 0s && !hud.since.isValid()) hud.since = m_clock.now();

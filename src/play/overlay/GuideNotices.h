@@ -15,6 +15,7 @@ public:
     const std::optional<GuideHUD> &hud() const { return m_hud; }
     bool shows(int hudToken) const { return m_hud && hudToken == m_hudToken; } ///< that showing is still there
     Message text() const; ///< of the notice, as it reads now; empty without one
+    bool hasCountedDown() const; ///< to 0
 
     /// Answers the number of this showing. It goes after `time`; without one it stays until it is hidden.
     int show(GuideHUD hud, std::optional<std::chrono::milliseconds> time = {});

@@ -14,16 +14,20 @@
 #include "play/supervision/PlacementLog.h"
 #include "play/supervision/PlayTarget.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 GuideOverlay::GuideOverlay(const GuideParts &parts, VelkoFront front, QObject *parent)
-    : QObject(parent), m_parts(parts), m_reach(parts.reach), m_front(std::move(front)), m_notices(parts.reach.clock),
+    : QObject(parent), m_parts(parts), m_reach(parts.reach), m_front(std::move(front)),
+      m_gamePicture(parts.capture, parts.reach.windows, parts.reach.clock), m_notices(parts.reach.clock),
       m_supervisorNotices(parts.supervisor, parts.controller, m_notices), m_hint(parts.reach, parts.preferences),
       m_emulatorSettings(parts.reach)
 {
     ControllerInput &controller = m_parts.controller;
     controller.onGuide = [this] { toggle(); };
+    controller.onChordBegun = [this] { clearView(); };
     controller.onShare = [this] { takeScreenshot(); };
     controller.onCancelLaunch = [this] { return cancelLaunch(); };
     controller.onAnyInput = [this] { anyInput(); };
@@ -39,8 +43,8 @@ GuideOverlay::GuideOverlay(const GuideParts &parts, VelkoFront front, QObject *p
         answer({u"Launch cancelled"_s, {}}, u"xmark.circle.fill"_s);
     });
     connect(&m_parts.supervisor, &GameSupervisor::curtainWanted, this,
-            [this](const QString &display) { setCurtain(display); });
-    connect(&m_parts.supervisor, &GameSupervisor::curtainDone, this, [this] { setCurtain({}); });
+            [this](const QString &display) { wantCurtain(display); });
+    connect(&m_parts.supervisor, &GameSupervisor::curtainDone, this, [this] { wantCurtain({}); });
     connect(&m_parts.library, &LibraryStore::gameEnded, this, [this](const QString &gameID) {
         if (m_session && m_session->gameID == gameID) end();
     });
@@ -58,6 +62,7 @@ GuideOverlay::~GuideOverlay()
 {
     ControllerInput &controller = m_parts.controller;
     controller.onGuide = nullptr;
+    controller.onChordBegun = nullptr;
     controller.onShare = nullptr;
     controller.onCancelLaunch = nullptr;
     controller.onAnyInput = nullptr;
@@ -84,15 +89,20 @@ void GuideOverlay::end()
     leave();
     m_hint.hide();
     m_supervisorNotices.end();
-    setCurtain({});
+    wantCurtain({});
     emit sessionChanged();
 }
 
-void GuideOverlay::setCurtain(std::optional<QString> display)
+void GuideOverlay::wantCurtain(std::optional<QString> display)
 {
-    if (display == m_curtain) return;
-    m_curtain = std::move(display);
-    emit curtainChanged();
+    m_wantedCurtain = std::move(display);
+    updateCurtain();
+}
+
+void GuideOverlay::updateCurtain()
+{
+    const bool inTheWay = m_open || m_parts.supervisor.question() != GameSupervisor::Question::none;
+    if (std::exchange(m_curtain, inTheWay ? std::nullopt : m_wantedCurtain) != m_curtain) emit curtainChanged();
 }
 
 void GuideOverlay::supervised()
@@ -100,7 +110,8 @@ void GuideOverlay::supervised()
     GameSupervisor &supervisor = m_parts.supervisor;
     // What the emulator asks has to be seen.
     if (m_open && supervisor.handedOver()) leave();
-    if (!m_quitStarted || supervisor.leaving()) return;
+    updateCurtain();
+    if (!m_quitStarted || supervisor.leaving() || !supervisor.game()) return;
     m_quitStarted = false;
     emit changed();
 }
@@ -143,6 +154,7 @@ void GuideOverlay::open(GuidePage page)
     m_open = true;
     m_parts.controller.overlayHandler = [this](PadEvent event) { handle(event); };
     logOpening();
+    updateCurtain();
     emit panelChanged();
 }
 
@@ -164,6 +176,7 @@ void GuideOverlay::leave()
     m_picture = {};
     m_toast.reset();
     m_parts.controller.overlayHandler = nullptr;
+    updateCurtain();
     emit panelChanged();
 }
 
@@ -202,7 +215,7 @@ std::optional<AppWindow> GuideOverlay::gameWindow() const
 QString GuideOverlay::display() const
 {
     const auto displays = m_reach.windows.displays();
-    if (m_curtain) return *m_curtain;
+    if (m_wantedCurtain) return *m_wantedCurtain;
     if (const auto window = gameWindow()) {
         for (const Monitor &display : displays) {
             if (display.geometry.contains(window->geometry.center())) return display.name;
@@ -211,16 +224,23 @@ QString GuideOverlay::display() const
     return chooseDisplay(displays, m_parts.preferences.get(preference::playDisplay), {});
 }
 
-/// The whole display, with what lies around a game in a window. Where the desktop gives only windows, the game's alone.
-QImage GuideOverlay::takenPicture() const
+/// Null while the curtain hides the game.
+QImage GuideOverlay::takenPicture()
 {
+    if (m_curtain) return {};
     const QString shown = display();
     for (const Monitor &display : m_reach.windows.displays()) {
-        if (display.name != shown) continue;
-        if (const QImage picture = m_parts.capture.screen(display.geometry); !picture.isNull()) return picture;
+        if (display.name == shown) return m_gamePicture.take(display.geometry, gameWindow());
     }
-    const auto window = gameWindow();
-    return window ? m_parts.capture.window(window->id) : QImage();
+    return {};
+}
+
+/// The menu is about to open: the game draws what lay below a notice again before it is stopped. Questions stay.
+void GuideOverlay::clearView()
+{
+    const GameSupervisor &supervisor = m_parts.supervisor;
+    if (m_open || supervisor.leaving() || supervisor.question() != GameSupervisor::Question::none) return;
+    m_notices.hide();
 }
 
 void GuideOverlay::logOpening()

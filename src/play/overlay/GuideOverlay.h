@@ -4,6 +4,7 @@
 #include "play/GameReach.h"
 #include "play/PadEvent.h"
 #include "play/RunningGame.h"
+#include "play/overlay/GamePicture.h"
 #include "play/overlay/GuideHint.h"
 #include "play/overlay/GuideItem.h"
 #include "play/overlay/GuideNotices.h"
@@ -19,6 +20,7 @@
 class ControllerInput;
 class GameFreezer;
 class GameSupervisor;
+class InstalledEmulators;
 class LibraryStore;
 class Preferences;
 class SaveStates;
@@ -36,6 +38,7 @@ struct GuideParts {
     SaveStates &states;
     Screenshots &screenshots;
     ScreenCapture &capture;
+    const InstalledEmulators &emulators;
 };
 
 /// Velko's own windows, as far as the overlay deals with them.
@@ -66,6 +69,7 @@ public:
     Message aboutStates() const; ///< what the items for save states say of this game
     GameSettings gameSettings() const; ///< of the running game, or what a game without any has
     SettingsSupport support() const; ///< of the game's emulator, with the game's present quality
+    bool counterMissing() const; ///< of frames: the emulator has none, and MangoHud is not installed
     QList<GuideSetting> settings() const; ///< the rows of the settings page
     int settingsPad() const { return m_settingsPad; } ///< the selected one
     QStringList controllerSteps() const; ///< of the controller page, in English
@@ -76,9 +80,13 @@ public:
         return m_picture;
     } ///< of the game, while the panel is open; null: none was to be had
     QString display() const; ///< the output that the game is on, or will be
-    const std::optional<QString> &curtain() const { return m_curtain; } ///< the output that the curtain covers
+    /// The output that the curtain covers now. It makes room for the menu, and for what the emulator asks.
+    const std::optional<QString> &curtain() const { return m_curtain; }
     GuideNotices &notices() { return m_notices; }
     GuideHint &hint() { return m_hint; }
+    /// Around the time that a notice lies over this place of the screen.
+    void noticeComes(const QRect &place) { m_gamePicture.noticeComes(place); }
+    void noticeGoes() { m_gamePicture.noticeGoes(); }
 
     void begin(const RunningGame &game); ///< it has just started; the supervisor has been told
     void toggle(); ///< View and Menu
@@ -118,10 +126,12 @@ private:
     void frozenChanged();
     void activeChanged();
     void supervised();
-    void setCurtain(std::optional<QString> display);
+    void wantCurtain(std::optional<QString> display);
+    void updateCurtain();
+    void clearView();
     void logOpening();
     std::optional<AppWindow> gameWindow() const;
-    QImage takenPicture() const;
+    QImage takenPicture();
     void activateGame();
 
     GuideParts m_parts;
@@ -139,7 +149,9 @@ private:
     bool m_open = false;
     bool m_closing = false; ///< the game goes on because the panel closes
     GuidePage m_opener = GuidePage::menu; ///< where the controller page was opened from
+    GamePicture m_gamePicture;
     QImage m_picture;
+    std::optional<QString> m_wantedCurtain; ///< by the supervision
     std::optional<QString> m_curtain;
     GuideNotices m_notices;
     SupervisorNotices m_supervisorNotices;

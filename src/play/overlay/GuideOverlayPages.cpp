@@ -1,6 +1,7 @@
 // What can be done on the pages of the menu over a game.
 #include "emulators/controllers/ControllerClass.h"
 #include "emulators/controllers/ControllerGuide.h"
+#include "emulators/finding/InstalledEmulators.h"
 #include "emulators/settings/QualityValue.h"
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
@@ -192,10 +193,15 @@ SettingsSupport GuideOverlay::support() const
                            m_reach.host);
 }
 
+bool GuideOverlay::counterMissing() const
+{
+    return m_session && counterNeedsMangoHud(m_session->engine, m_reach.host) && !m_parts.emulators.mangoHud();
+}
+
 QList<GuideSetting> GuideOverlay::settings() const
 {
     const bool byHand = m_session && controllerClass(m_session->engine) == ControllerClass::manual;
-    return guideSettings(support(), byHand);
+    return guideSettings(support(), byHand, m_reach.host);
 }
 
 void GuideOverlay::changeSetting(int by)

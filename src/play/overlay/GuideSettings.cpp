@@ -1,11 +1,11 @@
 #include "play/overlay/GuideSettings.h"
 
-QList<GuideSetting> guideSettings(const SettingsSupport &support, bool guided)
+QList<GuideSetting> guideSettings(const SettingsSupport &support, bool guided, Host host)
 {
     const bool itself =
         support.emulatorID == QLatin1String("native") || support.emulatorID == QLatin1String("nxnative");
     QList<GuideSetting> rows{GuideSetting::quality}; // where there is no choice, it says why
-    if (support.fps || itself) rows += GuideSetting::fps60;
+    if (support.fps || (itself && host == Host::mac)) rows += GuideSetting::fps60;
     if (support.widescreen) rows += GuideSetting::widescreen;
     if (support.hud) rows += GuideSetting::showFPS;
     if (support.fullScreen) rows += GuideSetting::fullScreen;

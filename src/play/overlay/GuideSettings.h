@@ -16,7 +16,7 @@ enum class GuideSetting {
 };
 
 /// The rows for this emulator, from top to bottom. `guided`: there are steps for its controller.
-QList<GuideSetting> guideSettings(const SettingsSupport &support, bool guided);
+QList<GuideSetting> guideSettings(const SettingsSupport &support, bool guided, Host host);
 
 /// A step to the right, or to the left: the next preset without going round, a switch on or off. `by` 0 is the button
 /// A: the next preset going round, the switch the other way.

@@ -11,6 +11,7 @@
 #include "play/supervision/GameWindow.h"
 #include "play/supervision/MenuCommand.h"
 
+#include <QFileInfo>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
@@ -28,6 +29,7 @@ static constexpr auto betweenRounds = 2s;
 static const QString savedSymbol = u"square.and.arrow.down.fill"_s;
 static const QString loadedSymbol = u"clock.arrow.circlepath"_s;
 static const QString warning = u"exclamationmark.triangle.fill"_s;
+static const QString couldNotGoOn = u"Couldn't load the save state: use Load state in the menu"_s;
 
 SaveStates::SaveStates(const StateReach &reach, LibraryStore &library, const InstalledEmulators &emulators,
                        QObject *parent)
@@ -76,8 +78,14 @@ void SaveStates::load(const RunningGame &game)
 
 void SaveStates::continueFromState(const RunningGame &game)
 {
-    if (m_library.resumes(game.gameID) && !loadsStateAtStart(game.engine, m_reach.places.host))
-        begin(game, StateCommand::load, true);
+    if (!m_library.resumes(game.gameID)) return;
+    if (!loadsStateAtStart(game.engine, m_reach.places.host)) return begin(game, StateCommand::load, true);
+    const GameEntry *entry = m_library.game(game.gameID);
+    m_reach.tasks.run(
+        this, [path = entry ? entry->statePath.value_or(QString()) : QString()] { return QFileInfo(path).isFile(); },
+        [this](bool wasThere) {
+            if (!wasThere) emit finished({couldNotGoOn, {}}, warning);
+        });
 }
 
 void SaveStates::begin(const RunningGame &game, StateCommand what, bool atLaunch)
@@ -243,7 +251,9 @@ void SaveStates::succeed()
 void SaveStates::fail()
 {
     Command &command = *m_command;
-    if (command.atLaunch && !command.menusOutOfReach && command.rounds < roundsAtLaunch) {
+    const auto ways = stateWays(command.game.engine, m_reach.places.host, command.facts.keysBound);
+    const bool hopeless = command.menusOutOfReach && ways == QList{StateWay::menu};
+    if (command.atLaunch && !hopeless && command.rounds < roundsAtLaunch) {
         ++command.rounds;
         command.timer = m_reach.clock.after(betweenRounds, [this] { tryAllWays(); });
         return;
@@ -251,10 +261,9 @@ void SaveStates::fail()
     const QString name = command.game.name;
     const bool closed = command.menusOutOfReach && !command.reached;
     if (command.atLaunch) {
-        return finish({closed ? u"Allow Velko in Accessibility to load your save state automatically."_s
-                              : u"Couldn't load the save state: use Load state in the menu"_s,
-                       {}},
-                      warning);
+        return finish(
+            {closed ? u"Allow Velko in Accessibility to load your save state automatically."_s : couldNotGoOn, {}},
+            warning);
     }
     const bool byMenu =
         saveStatePolicy(command.game.engine, m_reach.places.host).kind == SaveStatePolicy::Kind::menuSearch;

@@ -49,7 +49,7 @@ public:
     void save(const RunningGame &game);
     void load(const RunningGame &game);
     /// After the game's window is in its place: loads the state when the game was started to go on from it and its
-    /// emulator could not do so at its start.
+    /// emulator could not do so at its start. Says so when the state was not there.
     void continueFromState(const RunningGame &game);
     bool busy() const { return m_command != nullptr; }
 

@@ -25,6 +25,12 @@ std::optional<KeyStroke> fullScreenKey(const QString &engine, Host host)
     return key == keys.constEnd() ? std::nullopt : std::optional(*key);
 }
 
+// mGBA 0.10 hides its bar only when it goes to full screen by its own command, or starts a game there.
+bool keepsItsMenuBar(const QString &engine)
+{
+    return engine == "mgba"_L1;
+}
+
 std::optional<MenuEntry> fullScreenEntry(const QList<MenuEntry> &menu)
 {
     const auto titled = [&](const auto &fits) -> std::optional<MenuEntry> {

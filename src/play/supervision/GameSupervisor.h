@@ -52,7 +52,7 @@ signals:
     void changed(); ///< any of the above
     void curtainWanted(const QString &displayName);
     void curtainDone();
-    void placed(qint64 pid); ///< once for each start whose window was seen where it belongs
+    void placed(qint64 pid); ///< once for each start, when the window is where it belongs or has to stay where it is
     void quitFinished(); ///< the game has ended, and its session is counted
     void launchCancelled();
 

@@ -23,9 +23,11 @@ GameWatcher::GameWatcher(const GameReach &reach, const RunningGame &game, const 
       m_question(reach, game, m_events.changed)
 { }
 
+/// Without a curtain the player sees the game from its first window on, and its buttons are the game's.
 bool GameWatcher::starting() const
 {
-    return questionOpen() || (m_occasion == Occasion::start && m_look == 1 && !m_placed);
+    const bool unseen = m_curtain || !m_placer || !m_placer->hasSeenGame();
+    return questionOpen() || (m_occasion == Occasion::start && m_look == 1 && !m_placed && unseen);
 }
 
 PlayTarget GameWatcher::target() const
@@ -99,7 +101,7 @@ void GameWatcher::placingDone(bool placed)
     m_placer.reset();
     m_reach.log.write(
         u"%1 look %2: %3"_s.arg(m_game.name, QString::number(m_look), placed ? u"placed"_s : u"gave up"_s));
-    if (placed) tellPlaced();
+    if (placed || probe()) tellPlaced();
     m_next = m_reach.clock.after(900ms, [this] {
         lowerCurtain();
         focusGame();

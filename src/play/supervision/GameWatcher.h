@@ -8,7 +8,7 @@ struct WatcherEvents {
     std::function<void()> changed; ///< what it answers
     std::function<void(const QString &displayName)> curtainWanted;
     std::function<void()> curtainDone;
-    std::function<void()> placed; ///< once, when the window was seen where it belongs
+    std::function<void()> placed; ///< once, when the window is where it belongs or has to stay where it is
     std::function<void()> finished; ///< the window is left alone from now on
 };
 

@@ -40,7 +40,9 @@ SupervisorNotices::Topic SupervisorNotices::topic() const
 void SupervisorNotices::update()
 {
     const Topic before = std::exchange(m_shown, topic());
-    if (m_shown == before) return;
+    // The end by force may have been put off, since the emulator still saves.
+    const bool putOff = m_shown == Topic::closing && m_notices.hasCountedDown() && m_supervisor.quitSecondsLeft() > 0;
+    if (m_shown == before && !putOff) return;
     if (m_shown != Topic::nothing)
         m_hudToken = m_notices.show(notice(m_shown));
     else if (before == Topic::introduction && m_game && m_supervisor.game() && m_notices.shows(m_hudToken))

@@ -124,10 +124,11 @@ void WindowPlacer::act()
     m_lastTry = m_reach.clock.awake();
     again(500ms);
     const int display = target().index;
-    if (way == 0 || window.fullScreen)
-        setFullScreen(window, display);
-    else if (way == 1)
+    const bool asksEmulator = way == 1 || (way == 0 && keepsItsMenuBar(m_game.engine));
+    if (asksEmulator && !window.fullScreen)
         pressMenuEntry(window, display);
+    else if (way == 0 || window.fullScreen)
+        setFullScreen(window, display);
     else
         pressKey(window, display);
 }

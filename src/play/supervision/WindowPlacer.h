@@ -27,6 +27,7 @@ public:
 
     void start();
     void setPaused(bool paused); ///< nothing is done to a paused game, and its time does not run out
+    bool hasSeenGame() const { return m_known != 0; } ///< a window that is no loader
 
 private:
     void step();

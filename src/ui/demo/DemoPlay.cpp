@@ -57,8 +57,9 @@ struct DemoPlay::Stage {
                       house.library,
                       house.emulators};
     Screenshots screenshots{house.places, house.clock, house.tasks, windows, capture, house.processes};
-    GuideOverlay guide{
-        {reach, house.library, house.preferences, controller, freezer, supervisor, states, screenshots, capture}, {}};
+    GuideOverlay guide{{reach, house.library, house.preferences, controller, freezer, supervisor, states, screenshots,
+                        capture, house.emulators},
+                       {}};
     OverlayWindows surfaces{{guide, house.library, windows, house.clock, house.tasks, house.translator, house.places}};
 
     void send(const QList<PadEvent> &events)

@@ -174,8 +174,8 @@ int main(int argc, char **argv)
         app.setProperty("detailGame", library.games()[number].id);
     if (options.value(u"page"_s) == u"console") app.setProperty("selectedConsole", u"ps2"_s);
 
-    BiosFiles bios(places, emulators, preferences, workspace, *tasks);
     EmulatorChanges changes(places, *clock, *tasks, processes);
+    BiosFiles bios(places, emulators, preferences, workspace, *tasks, changes);
     FakeGamepads pads;
     ControllerInput controller(pads, *clock);
     controller.isActive = [] { return true; };

@@ -74,7 +74,7 @@ QString BiosFacts::stateText() const
         break;
     }
     return state->missing.isEmpty() ? m_translator.translate(u"Missing"_s)
-                                    : m_translator.fill(u"Missing: %@"_s, {state->missing.join(u", "_s)});
+                                    : m_translator.message({u"Missing: %@"_s, {}, {{0, listed(state->missing)}}});
 }
 
 QString BiosFacts::stateDot() const
@@ -94,15 +94,21 @@ QStringList BiosFacts::remarks() const
     return texts;
 }
 
+static Message fromHome(Message message, const Places &places)
+{
+    for (QString &argument : message.arguments)
+        argument = fromHome(argument, places);
+    for (auto &[place, inner] : message.inner)
+        inner = fromHome(inner, places);
+    return message;
+}
+
 QVariantList BiosFacts::reports() const
 {
     QVariantList list;
     const auto reports = m_console ? m_files.reports(m_console->id) : QList<BiosReport>();
     for (const BiosReport &report : reports) {
-        Message message = report.message;
-        for (QString &argument : message.arguments)
-            argument = fromHome(argument, m_places);
-        list += QVariantMap{{u"text"_s, m_translator.message(message)},
+        list += QVariantMap{{u"text"_s, m_translator.message(fromHome(report.message, m_places))},
                             {u"detail"_s, report.remark ? m_translator.message(*report.remark) : QString()},
                             {u"good"_s, report.installed}};
     }

@@ -82,8 +82,7 @@ GameSettings GameOptions::settings() const
 QString GameOptions::engine() const
 {
     if (!console()) return {};
-    if (opensItself(entry()->path, *console(), m_host))
-        return console()->engine == Engine::nxnative ? u"nxnative"_s : u"native"_s;
+    if (opensItself(entry()->path, *console(), m_host)) return engineOfNativeGame(*console());
     const auto copy = m_emulators.forConsole(console()->id);
     return copy ? copy->emulatorID : console()->emulators.value(0);
 }

@@ -119,6 +119,19 @@ void FocusKeeper::leaveBar()
     }
 }
 
+/// What lies wholly above or below on the page comes before the bar at its edge, which is often nearer.
+static void stayOnPage(QList<QQuickItem *> &controls, const QRectF &from, int key)
+{
+    QList<QQuickItem *> onPage = controls;
+    onPage.removeIf([&](QQuickItem *other) {
+        const QQuickItem *bar = barAround(other);
+        if (bar && bar->property("focusExit").isValid()) return true;
+        const QRectF place = other->mapRectToScene(QRectF(0, 0, other->width(), other->height()));
+        return key == Qt::Key_Up ? place.bottom() > from.top() + 1 : place.top() < from.bottom() - 1;
+    });
+    if (!onPage.isEmpty()) controls = onPage;
+}
+
 bool FocusKeeper::move(int key)
 {
     QQuickItem *item = m_window ? controlOf(m_window->activeFocusItem()) : nullptr;
@@ -126,13 +139,16 @@ bool FocusKeeper::move(int key)
     auto controls = controlsOf(m_window->contentItem());
     controls.removeOne(item);
     QQuickItem *bar = barAround(item);
+    const QRectF from = placeInWindow(item);
     if (key == Qt::Key_Left || key == Qt::Key_Right)
         controls.removeIf([bar](QQuickItem *other) { return barAround(other) != bar; });
+    else
+        stayOnPage(controls, from, key);
     const Direction direction = key == Qt::Key_Up ? Direction::up
         : key == Qt::Key_Down                     ? Direction::down
         : key == Qt::Key_Left                     ? Direction::left
                                                   : Direction::right;
-    const auto index = nextInDirection(placeInWindow(item), whole(controls), direction);
+    const auto index = nextInDirection(from, whole(controls), direction);
     if (!index) return false;
     QQuickItem *target = controls[*index];
     QQuickItem *next = barAround(target);

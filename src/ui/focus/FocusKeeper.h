@@ -16,7 +16,8 @@ public:
     explicit FocusKeeper(QQuickWindow *window);
 
     /// An arrow key; false at the edge. Left and right stay inside an item that has a `focusEntry`, such as a bar; up
-    /// and down enter it there and leave it to its `focusExit`.
+    /// and down enter it there and leave it to its `focusExit`. One that has a `focusExit` lies at the page's edge and
+    /// is entered last.
     Q_INVOKABLE bool move(int key);
     /// The scroll position at which the focused control is wholly visible in this view, or where it stands already.
     Q_INVOKABLE qreal revealed(QQuickItem *view, QQuickItem *content, qreal position, qreal margin) const;

@@ -3,7 +3,8 @@
 #include <QQuickImageProvider>
 
 /// `image://shadow/<radius>/<blur>/<alpha in percent>`: the shadow of a rounded card for a `BorderImage`, whose borders
-/// are radius + 2 blur wide and which reaches `blur` beyond the card on every side.
+/// are radius + 2 blur wide and which reaches `blur` beyond the card on every side. With "/<height>" behind it, it is
+/// for a card of this height, too low for that: only left and right have borders.
 class ShadowImageProvider final : public QQuickImageProvider {
 public:
     ShadowImageProvider() : QQuickImageProvider(QQuickImageProvider::Image) { }

@@ -136,7 +136,8 @@ QString ConsoleFacts::gamesText() const
 
 QStringList ConsoleFacts::headline() const
 {
-    QStringList texts{maker(), year(), gamesText()};
+    const bool handheld = m_console && m_console->handheld;
+    QStringList texts{maker(), year(), handheld ? m_translator.translate(u"Handheld"_s) : QString(), gamesText()};
     texts.removeAll(QString());
     return texts;
 }

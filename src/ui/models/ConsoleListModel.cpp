@@ -68,8 +68,9 @@ QVariant ConsoleListModel::data(const QModelIndex &index, int role) const
     case StatusDot:
         return dotName(status());
     case Spoken:
-        return joined(
-            {data(index, Name).toString(), data(index, Detail).toString(), data(index, StatusText).toString()});
+        return joined({data(index, Name).toString(), data(index, Detail).toString(),
+                       console.handheld ? m_translator.translate(u"Handheld"_s) : QString(),
+                       data(index, StatusText).toString()});
     case Faded:
         return console.engine == Engine::unavailable;
     case Handheld:

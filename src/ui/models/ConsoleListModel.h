@@ -42,7 +42,7 @@ public:
         GamesText, ///< the number of games in digits; empty for none
         StatusText, ///< translated; empty while nobody has looked
         StatusDot, ///< colour role
-        Spoken, ///< by screen readers: name, maker, year, state
+        Spoken, ///< by screen readers: name, maker, year, whether it is a handheld, state
         Faded, ///< there is no way to play it
         Handheld,
         Column,

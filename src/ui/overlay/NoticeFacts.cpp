@@ -6,11 +6,13 @@
 
 using namespace Qt::StringLiterals;
 
+static const QStringList chord{u"view"_s, u"menu"_s};
+
 NoticeFacts::NoticeFacts(GuideOverlay &guide, const Translator &translator, QObject *parent)
     : QObject(parent), m_guide(guide), m_translator(translator)
 {
-    connect(&guide.notices(), &GuideNotices::changed, this, &NoticeFacts::changed);
-    connect(&guide.hint(), &GuideHint::changed, this, &NoticeFacts::changed);
+    connect(&guide.notices(), &GuideNotices::changed, this, &NoticeFacts::update);
+    connect(&guide.hint(), &GuideHint::changed, this, &NoticeFacts::update);
 }
 
 bool NoticeFacts::isVisible() const
@@ -23,47 +25,32 @@ bool NoticeFacts::isClickable() const
     return !m_guide.notices().hud() && m_guide.hint().visible();
 }
 
-QString NoticeFacts::text() const
+void NoticeFacts::update()
 {
-    if (m_guide.notices().hud()) return m_translator.message(m_guide.notices().text());
-    if (!isClickable() || !m_guide.session()) return {};
-    return m_translator.fill(u"Controller not responding in %@?"_s, {m_guide.session()->name});
+    if (isVisible()) m_said = m_guide.notices().hud() ? notice() : hint();
+    emit changed();
 }
 
-QString NoticeFacts::detail() const
+NoticeFacts::Said NoticeFacts::notice() const
 {
-    if (const auto &hud = m_guide.notices().hud()) return m_translator.message(hud->detail);
-    if (!isClickable()) return {};
-    return m_translator.translate(u"Click here, or"_s) + u" %@ "_s + m_translator.translate(u"for the steps"_s);
+    const GuideHUD &hud = *m_guide.notices().hud();
+    return {.text = m_translator.message(m_guide.notices().text()),
+            .detail = m_translator.message(hud.detail),
+            .icon = symbolIcon(hud.icon),
+            .kind = symbolKind(hud.icon),
+            .glyphs = hud.combo == u"guide" ? chord : QStringList(),
+            .busy = hud.busy};
 }
 
-QString NoticeFacts::icon() const
+NoticeFacts::Said NoticeFacts::hint() const
 {
-    if (const auto &hud = m_guide.notices().hud()) return symbolIcon(hud->icon);
-    return isClickable() ? u"controller"_s : QString();
-}
-
-QString NoticeFacts::kind() const
-{
-    const auto &hud = m_guide.notices().hud();
-    return hud ? symbolKind(hud->icon) : u"plain"_s;
-}
-
-QStringList NoticeFacts::glyphs() const
-{
-    const auto &hud = m_guide.notices().hud();
-    return hud && hud->combo == u"guide" ? QStringList{u"view"_s, u"menu"_s} : QStringList();
-}
-
-QStringList NoticeFacts::detailGlyphs() const
-{
-    return isClickable() ? QStringList{u"view"_s, u"menu"_s} : QStringList();
-}
-
-bool NoticeFacts::busy() const
-{
-    const auto &hud = m_guide.notices().hud();
-    return hud && hud->busy;
+    const QString emulator = m_guide.session() ? m_guide.session()->name : QString();
+    return {.text = m_translator.fill(u"Controller not responding in %@?"_s, {emulator}),
+            .detail =
+                m_translator.translate(u"Click here, or"_s) + u" %@ "_s + m_translator.translate(u"for the steps"_s),
+            .icon = u"controller"_s,
+            .kind = u"plain"_s,
+            .detailGlyphs = chord};
 }
 
 void NoticeFacts::click()

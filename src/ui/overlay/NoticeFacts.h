@@ -7,7 +7,8 @@
 class GuideOverlay;
 class Translator;
 
-/// What the small window over a game says: a notice, or when there is none the hint about the controller.
+/// What the small window over a game says: a notice, or when there is none the hint about the controller. What was said
+/// last stays while the window goes.
 class NoticeFacts : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -24,19 +25,30 @@ public:
 
     bool isVisible() const;
     bool isClickable() const; ///< the pointer reaches it; otherwise it reaches the game
-    QString text() const;
-    QString detail() const; ///< "%@" stands where the glyphs of the second line go
-    QString icon() const;
-    QString kind() const;
-    QStringList glyphs() const;
-    QStringList detailGlyphs() const;
-    bool busy() const;
+    QString text() const { return m_said.text; }
+    QString detail() const { return m_said.detail; } ///< "%@" stands where the glyphs of the second line go
+    QString icon() const { return m_said.icon; }
+    QString kind() const { return m_said.kind; }
+    QStringList glyphs() const { return m_said.glyphs; }
+    QStringList detailGlyphs() const { return m_said.detailGlyphs; }
+    bool busy() const { return m_said.busy && isVisible(); } ///< nothing moves in a window that has gone
     Q_INVOKABLE void click();
 
 signals:
-    void changed();
+    void changed(); ///< also whether it is visible
 
 private:
+    struct Said {
+        QString text, detail, icon, kind;
+        QStringList glyphs, detailGlyphs;
+        bool busy = false;
+        bool operator==(const Said &) const = default;
+    };
+    void update();
+    Said notice() const;
+    Said hint() const;
+
     GuideOverlay &m_guide;
     const Translator &m_translator;
+    Said m_said;
 };

@@ -18,22 +18,39 @@ OverlayFacts::OverlayFacts(GuideOverlay &guide, const LibraryStore &library, con
     : QObject(parent), m_guide(guide), m_library(library), m_translator(translator), m_host(host)
 {
     connect(&guide, &GuideOverlay::changed, this, &OverlayFacts::refresh);
-    connect(&guide, &GuideOverlay::panelChanged, this, [this] {
-        ++m_pictureNumber;
-        refresh();
-        emit panelChanged();
-    });
-    connect(&guide, &GuideOverlay::sessionChanged, this, [this] {
-        m_playedBefore = entry() ? entry()->playSeconds.value_or(0) : 0;
-        emit gameChanged();
-    });
-    m_playedBefore = entry() ? entry()->playSeconds.value_or(0) : 0;
+    connect(&guide, &GuideOverlay::panelChanged, this, &OverlayFacts::panelToggled);
+    connect(&guide, &GuideOverlay::sessionChanged, this, &OverlayFacts::sessionChanged);
+    sessionChanged();
     refresh();
+}
+
+void OverlayFacts::sessionChanged()
+{
+    if (!m_guide.session()) return;
+    m_game = *m_guide.session();
+    m_playedBefore = entry() ? entry()->playSeconds.value_or(0) : 0;
+    emit gameChanged();
+}
+
+void OverlayFacts::panelToggled()
+{
+    if (m_guide.isOpen()) {
+        m_picture = m_guide.picture().isNull() ? QString() : u"image://frozen/%1"_s.arg(++m_pictureNumber);
+        emit pictureChanged();
+    }
+    refresh();
+    emit panelChanged();
+}
+
+void OverlayFacts::forgetPicture()
+{
+    m_picture.clear();
+    emit pictureChanged();
 }
 
 const GameEntry *OverlayFacts::entry() const
 {
-    return m_guide.session() ? m_library.game(m_guide.session()->gameID) : nullptr;
+    return m_library.game(m_game.gameID);
 }
 
 QString OverlayFacts::translated(const Message &message) const
@@ -44,6 +61,7 @@ QString OverlayFacts::translated(const Message &message) const
 void OverlayFacts::refresh()
 {
     if (m_guide.isOpen()) {
+        m_quitting = m_guide.quitStarted();
         switch (m_guide.page()) {
         case GuidePage::menu:
             m_rows.set(menuRows());
@@ -69,16 +87,6 @@ void OverlayFacts::setDisplay(const QSize &size)
     emit displayChanged();
 }
 
-QString OverlayFacts::picture() const
-{
-    return m_guide.picture().isNull() ? QString() : u"image://frozen/%1"_s.arg(m_pictureNumber);
-}
-
-QString OverlayFacts::title() const
-{
-    return m_guide.session() ? m_guide.session()->title : QString();
-}
-
 QString OverlayFacts::cover() const
 {
     return entry() ? coverSource(*entry()) : QString();
@@ -96,10 +104,9 @@ qreal OverlayFacts::ratio() const
 
 QStringList OverlayFacts::origin() const
 {
-    if (!m_guide.session()) return {};
     QStringList parts;
     if (const Console *console = consoleWithID(consoleID(), m_host)) parts += m_translator.translate(console->name);
-    if (!m_guide.session()->isNative()) parts += m_guide.session()->name;
+    if (!m_game.isNative()) parts += m_game.name;
     const double played = (entry() ? entry()->playSeconds.value_or(0) : 0) - m_playedBefore;
     parts += translated(playTimeText(std::max(1.0, played)));
     return parts;
@@ -137,8 +144,7 @@ QString OverlayFacts::heading() const
 
 QString OverlayFacts::explanation() const
 {
-    if (m_guide.page() == GuidePage::settings && m_guide.session())
-        return translated(subtitle(GuideItem::settings, *m_guide.session(), {}));
+    if (m_guide.page() == GuidePage::settings) return translated(subtitle(GuideItem::settings, m_game, {}));
     if (m_guide.page() == GuidePage::controller)
         return m_translator.translate(
             u"This emulator has to be told about the controller once. Follow these steps, then come back to the game."_s);
@@ -288,11 +294,20 @@ OverlayRow OverlayFacts::row(GuideSetting setting) const
                 .detail = translated(qualityCaption(support.emulatorID, support.quality, m_host)),
                 .value = text(presetTitle(support.quality))};
     case fps60:
-        return {.kind = Kind::toggle, .icon = u"gauge"_s, .title = text(u"60 FPS"_s), .on = settings.fps60};
+        return {.kind = Kind::toggle,
+                .icon = u"gauge"_s,
+                .title = text(m_guide.session()->isNative() ? u"Force 60 FPS"_s : u"60 FPS"_s),
+                .on = settings.fps60};
     case widescreen:
         return {.kind = Kind::toggle, .icon = u"wide"_s, .title = text(u"Widescreen"_s), .on = settings.widescreen};
     case showFPS:
-        return {.kind = Kind::toggle, .icon = u"eye"_s, .title = text(u"Show FPS"_s), .on = settings.showFPS};
+        return {.kind = Kind::toggle,
+                .icon = u"eye"_s,
+                .title = text(u"Show FPS"_s),
+                .detail = m_guide.counterMissing()
+                    ? text(u"Install MangoHud to see it: there is no counter of its own here"_s)
+                    : QString(),
+                .on = settings.showFPS};
     case fullScreen:
         return {.kind = Kind::toggle,
                 .icon = u"fullscreen"_s,

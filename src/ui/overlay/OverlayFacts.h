@@ -10,14 +10,15 @@
 class Translator;
 struct GameEntry;
 
-/// What the panel over a game and the curtain show, in the user's words, and what can be done there.
+/// What the panel over a game and the curtain show, in the user's words, and what can be done there. What the panel
+/// showed last stays while it goes.
 class OverlayFacts : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made with the overlay")
     Q_PROPERTY(QSize display READ display NOTIFY displayChanged)
     Q_PROPERTY(bool open READ isOpen NOTIFY panelChanged)
-    Q_PROPERTY(QString picture READ picture NOTIFY panelChanged)
+    Q_PROPERTY(QString picture READ picture NOTIFY pictureChanged)
     Q_PROPERTY(QString title READ title NOTIFY gameChanged)
     Q_PROPERTY(QString cover READ cover NOTIFY gameChanged)
     Q_PROPERTY(QString consoleID READ consoleID NOTIFY gameChanged)
@@ -42,8 +43,9 @@ public:
     QSize display() const { return m_display; } ///< of the game; everything over it is scaled by its size
     void setDisplay(const QSize &size);
     bool isOpen() const { return m_guide.isOpen(); }
-    QString picture() const; ///< address of the game's picture; empty: there is none
-    QString title() const;
+    QString picture() const { return m_picture; } ///< address of the game's picture; empty: there is none
+    void forgetPicture();
+    QString title() const { return m_game.title; }
     QString cover() const; ///< what stands behind "image://cover/"
     QString consoleID() const;
     qreal ratio() const; ///< of the cover: height by width
@@ -56,7 +58,7 @@ public:
     bool selectedActs() const; ///< whether pressing the selected row does something
     bool selectedChanges() const; ///< whether it is a setting that can be changed
     QStringList steps() const; ///< of the controller page
-    bool quitting() const { return m_guide.quitStarted(); }
+    bool quitting() const { return m_quitting; }
     QString toast() const;
     QString toastIcon() const;
     QString toastKind() const;
@@ -71,6 +73,7 @@ public:
 signals:
     void displayChanged();
     void panelChanged();
+    void pictureChanged();
     void gameChanged();
     void changed();
 
@@ -83,6 +86,8 @@ private:
     OverlayRow row(GuideItem item) const;
     OverlayRow row(GuideSetting setting) const;
     void refresh();
+    void sessionChanged();
+    void panelToggled();
 
     GuideOverlay &m_guide;
     const LibraryStore &m_library;
@@ -90,6 +95,9 @@ private:
     const Host m_host;
     OverlayRows m_rows;
     QSize m_display;
+    RunningGame m_game; ///< of the session, or of the last one
     double m_playedBefore = 0; ///< seconds that the game had been played when this session began
+    bool m_quitting = false;
+    QString m_picture;
     int m_pictureNumber = 0; ///< addresses are cached
 };

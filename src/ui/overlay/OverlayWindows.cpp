@@ -10,14 +10,17 @@
 #include "ui/images/CoverImageProvider.h"
 #include "ui/images/GlowImageProvider.h"
 #include "ui/images/IconImageProvider.h"
+#include "ui/images/ShadowImageProvider.h"
 #include "ui/overlay/FrozenImageProvider.h"
 #include "ui/overlay/NoticeFacts.h"
+#include "ui/overlay/NoticeWindow.h"
 #include "ui/overlay/OverlayFacts.h"
+#include "ui/overlay/OverlaySurface.h"
+#include "ui/overlay/WindowFade.h"
 #include "ui/window/Fonts.h"
 #include "ui/window/Renderer.h"
 
 #include <QGuiApplication>
-#include <QPainterPath>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
@@ -38,41 +41,23 @@ QScreen *screenNamed(const QString &name)
     return QGuiApplication::primaryScreen();
 }
 
-void load(QQuickView &view, const QString &name, const QVariantMap &properties)
-{
-    view.setInitialProperties(properties);
-    view.setSource(QUrl(u"qrc:/qt/qml/Velko/qml/overlay/"_s + name));
-}
-
-/// What sizes are multiplied by on a display; the same as in the theme.
-double scaleOf(const QSize &display)
-{
-    return qBound(0.75, qMin(display.width() / 1920.0, display.height() / 1080.0), 3.0);
-}
-
-/// Above everything, unknown to the window manager: the game keeps the keyboard and stays full screen.
-constexpr Qt::WindowFlags silent = Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint
-    | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus;
 /// The panel takes the keyboard, so the window manager has to know it.
 constexpr Qt::WindowFlags managed = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+
+constexpr int panelGoesIn = 120, curtainGoesIn = 420; // milliseconds
 
 /// The engine and the three windows that it draws.
 struct Built {
     QQmlEngine engine;
     QQuickView panel{&engine, nullptr};
-    QQuickView notice{&engine, nullptr};
     QQuickView curtain{&engine, nullptr};
+    WindowFade panelFade{panel};
+    WindowFade curtainFade{curtain, QEasingCurve::OutQuad};
     InputMode input{&panel};
+    std::optional<NoticeWindow> notice;
 
     ~Built() { panel.setSource({}); } // it goes before what it is bound to
 };
-
-QRegion rounded(const QSize &size, double radius)
-{
-    QPainterPath shape;
-    shape.addRoundedRect(QRectF(QPointF(0, 0), size), radius, radius);
-    return QRegion(shape.toFillPolygon().toPolygon());
-}
 
 }
 
@@ -87,7 +72,6 @@ private:
     void showPanel();
     void showNotice();
     void showCurtain();
-    void placeNotice();
     void forgetPicture();
     QScreen *screen(); ///< that the game is on
 
@@ -108,13 +92,16 @@ OverlayWindows::Surfaces::Surfaces(const OverlayWindowParts &parts)
     connect(&guide, &GuideOverlay::sessionChanged, this,
             [this] { m_soon = m_parts.clock.after(50ms, [this] { build(); }); });
     connect(&guide, &GuideOverlay::panelChanged, this, &Surfaces::showPanel);
-    connect(&guide, &GuideOverlay::curtainChanged, this, &Surfaces::showCurtain);
+    connect(&guide, &GuideOverlay::curtainChanged, this, [this] {
+        showCurtain();
+        showNotice();
+    });
     connect(&m_notices, &NoticeFacts::changed, this, &Surfaces::showNotice);
     // A window that comes to the front would cover what the window manager does not know.
     connect(&parts.windows, &Windows::activeChanged, this, [this] {
         if (!m_built) return;
-        if (m_built->curtain.isVisible()) m_built->curtain.raise();
-        if (m_built->notice.isVisible()) m_built->notice.raise();
+        for (QQuickView *view : {&m_built->curtain, &m_built->notice->view()})
+            if (view->isVisible()) view->raise();
     });
     connect(&parts.windows, &Windows::displaysChanged, this, [this] {
         showCurtain();
@@ -135,6 +122,7 @@ void OverlayWindows::Surfaces::build()
     engine.setProperty(TranslatorForQml::property, QVariant::fromValue(&m_parts.translator));
     engine.addImageProvider(u"icon"_s, new IconImageProvider);
     engine.addImageProvider(u"glow"_s, new GlowImageProvider);
+    engine.addImageProvider(u"shadow"_s, new ShadowImageProvider);
     engine.addImageProvider(u"frozen"_s, new FrozenImageProvider(m_parts.guide));
     auto *covers = new CoverImageProvider(m_parts.library, m_parts.tasks, m_parts.places.host);
     engine.addImageProvider(u"cover"_s, covers);
@@ -148,21 +136,14 @@ void OverlayWindows::Surfaces::build()
     panel.setPersistentSceneGraph(true);
     panel.setPersistentGraphics(true);
     panel.setGeometry(screen()->geometry());
-    load(panel, u"OverlayPanel.qml"_s,
-         {{u"facts"_s, QVariant::fromValue(&m_facts)}, {u"input"_s, QVariant::fromValue(&m_built->input)}});
+    loadOverlay(panel, u"OverlayPanel.qml"_s,
+                {{u"facts"_s, QVariant::fromValue(&m_facts)}, {u"input"_s, QVariant::fromValue(&m_built->input)}});
     panel.create();
 
-    QQuickView &notice = m_built->notice;
-    notice.setFlags(silent);
-    notice.setColor(Qt::transparent);
-    notice.setResizeMode(QQuickView::SizeViewToRootObject);
-    load(notice, u"NoticePanel.qml"_s, {{u"facts"_s, QVariant::fromValue(&m_notices)}});
-    const auto place = [this] { placeNotice(); };
-    connect(&notice, &QWindow::widthChanged, this, place);
-    connect(&notice, &QWindow::heightChanged, this, place);
+    m_built->notice.emplace(engine, m_notices);
 
     QQuickView &curtain = m_built->curtain;
-    curtain.setFlags(silent);
+    curtain.setFlags(overGame);
     curtain.setColor(QColor(0x08, 0x09, 0x0d));
     curtain.setCursor(Qt::BlankCursor);
     curtain.setResizeMode(QQuickView::SizeRootObjectToView);
@@ -181,20 +162,21 @@ QScreen *OverlayWindows::Surfaces::screen()
 
 void OverlayWindows::Surfaces::showPanel()
 {
+    const bool composed = m_parts.windows.isComposed();
     if (!m_parts.guide.isOpen()) {
-        if (!m_built || !m_built->panel.isVisible()) return;
-        m_built->panel.hide();
-        m_forget = m_parts.clock.after(500ms, [this] { forgetPicture(); });
+        if (!m_built) return;
+        m_built->panelFade.go({panelGoesIn, composed},
+                              [this] { m_forget = m_parts.clock.after(500ms, [this] { forgetPicture(); }); });
         return;
     }
     m_forget.reset();
     build();
     QQuickView &panel = m_built->panel;
-    if (panel.isVisible() && panel.screen() == screen()) return;
+    if (panel.isVisible() && !m_built->panelFade.isGoing() && panel.screen() == screen()) return;
     m_built->input.set(u"pad"_s);
     panel.setScreen(screen());
     panel.setGeometry(screen()->geometry());
-    panel.show();
+    m_built->panelFade.come({0, composed});
     panel.raise();
     panel.requestActivate();
     m_parts.windows.activate(panel.winId());
@@ -203,49 +185,43 @@ void OverlayWindows::Surfaces::showPanel()
 /// A hidden window keeps what it drew last, the picture of a whole display: it draws once more, for nobody.
 void OverlayWindows::Surfaces::forgetPicture()
 {
+    m_facts.forgetPicture();
     static_cast<void>(m_built->panel.grabWindow());
 }
 
-void OverlayWindows::Surfaces::placeNotice()
-{
-    QQuickView &notice = m_built->notice;
-    const QRect display = screen()->geometry();
-    const double u = scaleOf(display.size());
-    notice.setPosition(display.right() + 1 - qRound(24 * u) - notice.width(), display.top() + qRound(40 * u));
-    notice.setMask(rounded(notice.size(), 21 * u));
-}
-
+/// The curtain leaves nothing to say.
 void OverlayWindows::Surfaces::showNotice()
 {
-    if (!m_notices.isVisible()) {
-        if (m_built) m_built->notice.hide();
-        return;
+    const bool composed = m_parts.windows.isComposed();
+    if (m_notices.isVisible() && !m_parts.guide.curtain()) {
+        build();
+        NoticeWindow &notice = *m_built->notice;
+        notice.show(*screen(), composed, m_notices.isClickable());
+        m_parts.guide.noticeComes(notice.view().geometry());
+    } else if (m_built) {
+        m_built->notice->hide(composed, [this] { m_parts.guide.noticeGoes(); });
     }
-    build();
-    QQuickView &notice = m_built->notice;
-    notice.setFlag(Qt::WindowTransparentForInput, !m_notices.isClickable());
-    notice.setScreen(screen());
-    placeNotice();
-    notice.show();
-    notice.raise();
 }
 
 void OverlayWindows::Surfaces::showCurtain()
 {
+    const bool composed = m_parts.windows.isComposed();
     const auto &display = m_parts.guide.curtain();
     if (!display) {
         if (!m_built) return;
-        m_built->curtain.hide();
-        m_built->curtain.setSource({}); // it holds the game's cover
+        m_built->curtainFade.go({m_parts.guide.isOpen() ? 0 : curtainGoesIn, composed}, [this] {
+            m_built->curtain.setSource({}); // it holds the game's cover
+        });
         return;
     }
     build();
     QQuickView &curtain = m_built->curtain;
-    if (curtain.source().isEmpty()) load(curtain, u"Curtain.qml"_s, {{u"facts"_s, QVariant::fromValue(&m_facts)}});
+    if (curtain.source().isEmpty())
+        loadOverlay(curtain, u"Curtain.qml"_s, {{u"facts"_s, QVariant::fromValue(&m_facts)}});
     QScreen *target = screenNamed(*display);
     curtain.setScreen(target);
     curtain.setGeometry(target->geometry());
-    curtain.show();
+    m_built->curtainFade.come({0, composed});
     curtain.raise();
 }
 
@@ -265,7 +241,7 @@ QQuickWindow *OverlayWindows::panel() const
 
 QQuickWindow *OverlayWindows::notice() const
 {
-    return m_surfaces->built() ? &m_surfaces->built()->notice : nullptr;
+    return m_surfaces->built() ? &m_surfaces->built()->notice->view() : nullptr;
 }
 
 QQuickWindow *OverlayWindows::curtain() const

@@ -19,6 +19,7 @@ FocusScope {
     required property LaunchQuestions questions
     required property BiosFacts bios
     required property Notices notices
+    required property OwnPages ownPages
     required property FolderList folders
     required property PlaySettings settings
     required property ProfileFacts profile
@@ -123,6 +124,7 @@ FocusScope {
         questions: root.questions
         bios: root.bios
         notices: root.notices
+        ownPages: root.ownPages
         folders: root.folders
         settings: root.settings
         gallery: root.gallery

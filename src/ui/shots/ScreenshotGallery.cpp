@@ -28,10 +28,14 @@ void ScreenshotGallery::setActive(bool active)
 void ScreenshotGallery::update()
 {
     if (!m_active) return;
+    const QString url = shown(ShotListModel::Url);
     m_groups.show(m_store.groups());
     if (m_viewing) {
-        // The neighbour of a picture that is gone takes its place.
-        if (shots()) m_index = qMin(m_index, shots()->count() - 1);
+        // A new picture comes before the one that is shown; the neighbour of one that is gone takes its place.
+        const ShotListModel *now = shots();
+        const auto place =
+            now ? now->match(now->index(0), ShotListModel::Url, url, 1, Qt::MatchExactly) : QModelIndexList();
+        if (now) m_index = place.isEmpty() ? qMin(m_index, now->count() - 1) : place.first().row();
         m_viewing = shots() && m_index >= 0;
         emit viewChanged();
     }

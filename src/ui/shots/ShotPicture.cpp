@@ -32,7 +32,7 @@ std::optional<ShotRequest> shotRequest(const QString &address)
     request.radius = match.captured(7).toInt();
     constexpr int screen = 8192;
     if (request.size.isEmpty() || request.size.width() > screen || request.size.height() > screen) return {};
-    if (request.name.contains(u'/') || request.name.startsWith(u'.')) return {};
+    if (request.name.contains(u'/') || request.name == "."_L1 || request.name == ".."_L1) return {};
     return request;
 }
 

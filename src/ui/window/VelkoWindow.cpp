@@ -9,6 +9,7 @@
 #include "ui/LaunchQuestions.h"
 #include "ui/LibraryAlerts.h"
 #include "ui/Notices.h"
+#include "ui/OwnPages.h"
 #include "ui/QmlTypes.h"
 #include "ui/facts/BiosFacts.h"
 #include "ui/facts/EmulatorFacts.h"
@@ -54,7 +55,7 @@ struct VelkoWindow::Content {
           shownEmulator(given.emulators, given.preferences, opener, given.changes, given.translator, given.places),
           bios(given.bios, given.emulators, given.translator, given.places),
           questions(given.library, given.emulators, given.preferences, given.translator, given.places.host),
-          alerts(given.library, given.translator), notices(given.clock),
+          alerts(given.library, given.translator), notices(given.clock), ownPages(given.workspace, given.endpoints),
           profile(given.library, given.translator, given.clock),
           gallery(given.screenshots, given.workspace, given.places, localeOf(given.translator)),
           folders(given.places, given.tasks, given.translator),
@@ -73,6 +74,7 @@ struct VelkoWindow::Content {
     LaunchQuestions questions;
     LibraryAlerts alerts;
     Notices notices;
+    OwnPages ownPages;
     ProfileFacts profile;
     ScreenshotGallery gallery;
     FolderList folders;
@@ -144,6 +146,7 @@ bool VelkoWindow::load()
                                  {u"questions"_s, QVariant::fromValue(&content.questions)},
                                  {u"alerts"_s, QVariant::fromValue(&content.alerts)},
                                  {u"notices"_s, QVariant::fromValue(&content.notices)},
+                                 {u"ownPages"_s, QVariant::fromValue(&content.ownPages)},
                                  {u"profile"_s, QVariant::fromValue(&content.profile)},
                                  {u"gallery"_s, QVariant::fromValue(&content.gallery)},
                                  {u"settings"_s, QVariant::fromValue(&content.settings)},

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Endpoints.h"
+
 #include <memory>
 
 class AppState;
@@ -35,6 +37,7 @@ struct WindowParts {
     const Places &places;
     ControllerInput &controller; ///< its ordinary events go to this window
     FramePatches *patches = nullptr; ///< absent: nothing is said about 60 FPS patches
+    Endpoints endpoints = {}; ///< of our own pages
 };
 
 /// The main window.

@@ -46,7 +46,6 @@ FocusScope {
             x: Theme.contentX
             y: grid.originY - grid.contentY
             width: grid.linesWidth
-            focus: grid.count === 0
             lists: root.lists
             onBackWanted: root.app.selectedConsole = ""
             onOrderWanted: root.sorting = true
@@ -70,6 +69,7 @@ FocusScope {
             x: Theme.contentX + Theme.contentWidth - root.sideWidth - 10
             width: root.sideWidth + 26
             height: parent.height
+            focus: grid.count === 0
             clip: true
             keeper: root.keeper
             contentHeight: cards.height + 56
@@ -82,6 +82,7 @@ FocusScope {
                 spacing: 24
                 DropCard {
                     visible: root.facts.takesGames
+                    focus: visible
                     width: parent.width
                     facts: root.facts
                     onActivated: root.folderWanted()

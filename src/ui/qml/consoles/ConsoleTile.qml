@@ -14,6 +14,7 @@ Item {
     required property string statusDot
     required property string spoken
     required property bool faded
+    required property bool handheld
     required property int column
     required property int line
     required property int group
@@ -81,6 +82,14 @@ Item {
         size: 13.5
         font.weight: 600
         color: "#F4F1EB"
+    }
+    Icon {
+        visible: root.handheld
+        x: root.width - width - 22
+        y: root.height - 44
+        name: "handheld"
+        size: 24
+        color: "#BDF4F1EB"
     }
     HoverHandler { cursorShape: Qt.PointingHandCursor }
     TapHandler { onTapped: root.tapped() }

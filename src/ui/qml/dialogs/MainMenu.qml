@@ -6,6 +6,8 @@ FocusScope {
     id: root
     required property AppState app
     required property Notices notices
+    required property OwnPages ownPages
+    readonly property string noBrowser: Tr.translate("The page can't be opened here. Install the package xdg-utils and a browser, then try again.")
     signal closed
     signal aboutWanted
 
@@ -72,7 +74,8 @@ FocusScope {
                 text: Tr.translate("Support Velko…")
                 onActivated: {
                     root.closed()
-                    root.notices.show(Tr.translate("No address for donations is set in this version of Velko."), "info")
+                    if (!root.ownPages.donation) root.notices.show(Tr.translate("No address for donations is set in this version of Velko."), "info")
+                    else if (!root.ownPages.openDonation()) root.notices.show(root.noBrowser, "warn")
                 }
             }
             ListRow {
@@ -90,7 +93,8 @@ FocusScope {
                 text: Tr.translate("Join the Discord…")
                 onActivated: {
                     root.closed()
-                    root.notices.show(Tr.translate("No invitation address is set in this version of Velko."), "info")
+                    if (!root.ownPages.invitation) root.notices.show(Tr.translate("No invitation address is set in this version of Velko."), "info")
+                    else if (!root.ownPages.openInvitation()) root.notices.show(root.noBrowser, "warn")
                 }
             }
             Item {

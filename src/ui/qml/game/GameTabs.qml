@@ -15,12 +15,15 @@ FocusScope {
 
     Row {
         id: tabs
+        /// Where up and down enter the row.
+        readonly property Item focusEntry: buttons.count > 0 ? buttons.itemAt(buttons.model.findIndex(tab => tab.name === root.game.pageTab)) : null
         x: -18
         y: 44
         spacing: 8
         Accessible.role: Accessible.PageTabList
         Accessible.name: root.game.title
         Repeater {
+            id: buttons
             model: [
                 { name: "play", title: "Play" }, { name: "controller", title: "Controller" },
                 { name: "stats", title: "Stats" }, { name: "info", title: "Info & files" }

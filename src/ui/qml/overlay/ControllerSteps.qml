@@ -1,11 +1,20 @@
 import QtQuick
 import Velko
 
-/// How the controller is set up in this emulator, step by step, and two buttons.
+/// How the controller is set up in this emulator, step by step, and two buttons. On a small display the steps scroll as
+/// the selection moves on to the second button.
 Item {
     id: root
     required property OverlayFacts facts
 
+    NumberAnimation {
+        target: page
+        property: "contentY"
+        to: root.facts.selection === 1 ? Math.max(0, page.contentHeight - page.height) : 0
+        duration: Theme.focus
+        easing.type: Easing.OutCubic
+        onToChanged: restart()
+    }
     Flickable {
         id: page
         width: parent.width

@@ -11,6 +11,7 @@ Item {
     property var glyphs: [] ///< buttons that are pressed together, in place of the drawing
     property var detailGlyphs: [] ///< buttons inside the second line, in place of its "%@"
     property bool busy: false
+    readonly property real radius: Theme.px(tall ? 22 : 20)
     readonly property bool tall: detail !== "" || line.lineCount > 1
     readonly property real widest: Theme.px(600) - words.x - Theme.px(28)
 
@@ -21,7 +22,7 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        radius: Theme.px(root.tall ? 22 : 20)
+        radius: root.radius
         color: Theme.notice
         border.width: 1
         border.color: "#1FF4F1EB"

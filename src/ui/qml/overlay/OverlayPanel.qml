@@ -54,7 +54,7 @@ FocusScope {
     }
     Item {
         id: column
-        property real slide
+        property real slide: root.facts.open ? 0 : -Theme.px(40)
         x: slide
         width: Theme.px(root.facts.page === "controller" ? 900 : 756) + root.margin - Theme.px(56)
         height: parent.height
@@ -74,12 +74,11 @@ FocusScope {
             opacity: root.facts.quitting ? 0.4 : 1
             sourceComponent: root.facts.page === "controller" ? steps : rows
         }
-        NumberAnimation on slide {
-            running: root.facts.open
-            from: -Theme.px(40)
-            to: 0
-            duration: Theme.focus
-            easing.type: Easing.OutCubic
+        Behavior on slide {
+            NumberAnimation {
+                duration: root.facts.open ? Theme.focus : Theme.fast
+                easing.type: Easing.OutCubic
+            }
         }
     }
     Component {

@@ -66,6 +66,8 @@ Item {
             size: root.isFact ? 22 : 29
             font.weight: root.isFact ? 500 : 600
             color: root.isFact ? Theme.t2 : root.ink
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
         }
         FarLabel {
             width: parent.width

@@ -13,6 +13,7 @@ FocusScope {
     required property LaunchQuestions questions
     required property BiosFacts bios
     required property Notices notices
+    required property OwnPages ownPages
     required property FolderList folders
     required property PlaySettings settings
     required property ScreenshotGallery gallery
@@ -126,6 +127,7 @@ FocusScope {
         MainMenu {
             app: root.app
             notices: root.notices
+            ownPages: root.ownPages
             onClosed: root.wanted = ""
             onAboutWanted: root.wanted = "about"
         }

@@ -33,6 +33,9 @@ Item {
     }
     Shortcut {
         sequence: "Ctrl+Q"
-        onActivated: Qt.quit()
+        onActivated: {
+            root.app.quitting = true
+            Qt.quit()
+        }
     }
 }
