@@ -1,5 +1,6 @@
 #include "base/TomlText.h"
 
+#include "base/QuotedText.h"
 #include "base/TextLines.h"
 #include "base/TomlScan.h"
 
@@ -169,14 +170,5 @@ QString tomlOfText(const QString &text)
     const bool plain =
         std::none_of(text.begin(), text.end(), [](QChar c) { return c == u'\'' || c < u' ' || c == u'\x7f'; });
     if (plain) return u'\'' + text + u'\'';
-    QString escapedText;
-    for (const QChar c : text) {
-        if (c == u'"' || c == u'\\')
-            escapedText += QString(u'\\') + c;
-        else if (c < u' ' || c == u'\x7f')
-            escapedText += u"\\u%1"_s.arg(uint(c.unicode()), 4, 16, QChar(u'0'));
-        else
-            escapedText += c;
-    }
-    return u'"' + escapedText + u'"';
+    return inDoubleQuotes(text);
 }

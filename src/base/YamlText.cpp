@@ -1,5 +1,6 @@
 #include "base/YamlText.h"
 
+#include "base/QuotedText.h"
 #include "base/TextLines.h"
 #include "base/YamlScan.h"
 
@@ -178,15 +179,5 @@ QString yamlOfText(const QString &text)
                                             QRegularExpression::CaseInsensitiveOption);
     const bool isPlain = plain.match(text).hasMatch() && !special.match(text).hasMatch() && !text.contains(": "_L1)
         && !text.endsWith(u':') && !text.endsWith(u' ');
-    if (isPlain) return text;
-    QString quoted;
-    for (const QChar c : text) {
-        if (c == u'"' || c == u'\\')
-            quoted += QString(u'\\') + c;
-        else if (c < u' ' || c == u'\x7f')
-            quoted += u"\\x%1"_s.arg(uint(c.unicode()), 2, 16, QChar(u'0'));
-        else
-            quoted += c;
-    }
-    return u'"' + quoted + u'"';
+    return isPlain ? text : inDoubleQuotes(text);
 }

@@ -112,5 +112,7 @@ void GameLaunch::finish()
 
 void GameLaunch::cancel()
 {
-    if (m_state) finish();
+    if (!m_state) return;
+    m_launcher.cancel();
+    finish();
 }

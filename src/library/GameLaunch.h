@@ -39,7 +39,7 @@ public:
         std::function<bool(const QString &path)> isAnotherGames; ///< such a file is never taken for the moved one
     };
     void begin(const Order &order); ///< ignored while another launch is under way
-    void cancel(); ///< a program that starts all the same is asked to quit
+    void cancel(); ///< a program that has started meanwhile is asked to quit
 
 signals:
     void changed(); ///< `state`

@@ -38,12 +38,15 @@ struct LaunchRefusal {
 
 using LaunchResult = Result<StartedGame, LaunchRefusal>;
 
-/// Starts games for the library, which does not know how. Main thread; `done` comes once, on the main thread, and never
-/// from inside `launch`.
+/// Starts games for the library, which does not know how. Main thread; `done` comes at most once, on the main thread,
+/// and never from inside `launch`.
 class GameLauncher {
 public:
     virtual ~GameLauncher() = default;
     virtual void launch(const LaunchRequest &request, std::function<void(LaunchResult)> done) = 0;
+
+    /// Gives up launches that have started no program yet: none starts, and `done` does not come.
+    virtual void cancel() = 0;
 
     /// What will play the game, in the words of `StartedGame::engine`, as far as is known now; empty: not known. Quick.
     virtual QString engineFor(const LaunchRequest &) const { return {}; }

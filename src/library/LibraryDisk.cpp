@@ -11,6 +11,7 @@
 #include <QSaveFile>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -77,6 +78,7 @@ QList<GameEntry> LibraryDisk::read(const QDateTime &now, LibraryReading begun)
     if (!QFileInfo::exists(m_file)) return {};
     std::optional<QList<GameEntry>> games = begun.valid() ? begun.get() : readGames(m_file);
     m_found = games ? Found::good : Found::unreadable;
+    m_startedUnreadable = !games;
     if (!games) m_setAside = freeSetAsideName(now);
     return std::move(games).value_or(QList<GameEntry>());
 }
@@ -137,17 +139,19 @@ Result<void> LibraryDisk::write(const QList<GameEntry> &games, const QDateTime &
                        {m_file, *reason}};
     }
     m_found = Found::good;
-    writePortableCopy(games);
+    writePortableCopy(games, dayKey(now));
     return {};
 }
 
-void LibraryDisk::writePortableCopy(const QList<GameEntry> &games) const
+void LibraryDisk::writePortableCopy(const QList<GameEntry> &games, const QString &day)
 {
     if (!m_preferences.get(preference::folderOrganized)) return;
     const QString folder = QDir::cleanPath(velkoFolder(m_places, m_preferences));
     if (!QFileInfo(folder).isDir()) return;
     const QString copy = folder + u"/Velko Library.json"_s;
     QFile::rename(folder + u"/VelkoEmu Library.json"_s, copy); // does nothing when the copy is there already
+    // The list began empty, so the copy may be all that there is of the games before.
+    if (std::exchange(m_startedUnreadable, false)) QFile::rename(copy, copy + u".backup-"_s + day);
     writeWhole(copy, games, folder);
 }
 

@@ -25,7 +25,8 @@ public:
     QList<GameEntry> read(const QDateTime &now, LibraryReading begun = {});
 
     /// Whole or not at all: after a failure or a power cut the old file is still there. The day's first call keeps the
-    /// old file as the day's copy. Failures of the portable copy are dropped.
+    /// old file as the day's copy. Failures of the portable copy are dropped; after a start without a
+    /// readable library the earlier one is kept beside it, with "backup-" and the day at its end.
     Result<void> write(const QList<GameEntry> &games, const QDateTime &now);
 
     /// Under which name the unreadable file that `read` met is set aside by the first `write`; empty: there was none.
@@ -43,12 +44,13 @@ private:
     QStringList backups() const;
     bool setAside(const QDateTime &now);
     void keepBackup(const QString &day);
-    void writePortableCopy(const QList<GameEntry> &games) const;
+    void writePortableCopy(const QList<GameEntry> &games, const QString &day);
 
     Places m_places;
     const Preferences &m_preferences;
     QString m_file; ///< the file itself when library.json is a symbolic link
     Found m_found = Found::nothing;
+    bool m_startedUnreadable = false; ///< and the portable copy is still that of an earlier start
     QString m_setAside;
     mutable std::optional<QString> m_newestBackup;
 };

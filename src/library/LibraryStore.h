@@ -93,7 +93,7 @@ public:
     Q_INVOKABLE void launch(const QString &id);
     void launchWithoutAsking(const QString &id);
     Q_INVOKABLE void resume(const QString &id); ///< the same, from the game's last save state
-    Q_INVOKABLE void cancelLaunch(); ///< a program that starts all the same is asked to quit
+    Q_INVOKABLE void cancelLaunch(); ///< a program that has started meanwhile is asked to quit
     Q_INVOKABLE void goBackTo(const QString &id); ///< brings a running game to the front; another one is left alone
     void setPaused(const QString &id, bool paused); ///< the play time of a paused game stands still
     void expectEnd(qint64 pid); ///< the user ends the program: it is no failure, however short the session was

@@ -1,6 +1,6 @@
 #include "emulators/launch/EmulatorLauncher.h"
-#include "emulators/settings/EmulatorChanges.h"
 #include "emulators/finding/InstalledEmulators.h"
+#include "emulators/settings/EmulatorChanges.h"
 #include "fakes/FakeFileIndex.h"
 #include "fakes/FakeProcessControl.h"
 #include "fakes/FakeTasks.h"
@@ -291,6 +291,41 @@ TEST_F(Launcher, nothingStartsOnceItIsGone)
     clock.advance(1min);
     EXPECT_TRUE(workspace.started.isEmpty());
     EXPECT_TRUE(answers.isEmpty());
+}
+
+TEST_F(Launcher, nothingStartsOnceItIsCancelled)
+{
+    program(u"bin/Cemu"_s);
+    const QString game = home.write(u"game.wua"_s);
+    const QString file = u".config/Cemu/settings.xml"_s;
+    home.write(file, "<content>\n</content>\n");
+    const auto cancelAfter = [&](const std::function<void()> &steps) {
+        processes.processes = {{10, {10, 1, u"Cemu"_s}}};
+        processes.stubborn = {10};
+        launch(u"wiiu"_s, game);
+        steps();
+        launcher->cancel();
+        processes.processes.clear();
+        tasks.finish();
+        clock.advance(1min);
+        tasks.finish();
+        EXPECT_TRUE(workspace.started.isEmpty());
+        EXPECT_TRUE(answers.isEmpty());
+        EXPECT_EQ(clock.pending(), 0);
+    };
+    cancelAfter([] {});
+    cancelAfter([&] { tasks.finish(); }); // while the other Cemu ends
+    EXPECT_EQ(home.read(file), "<content>\n</content>\n");
+    cancelAfter([&] {
+        tasks.finish();
+        processes.processes.clear();
+        clock.advance(100ms);
+    }); // while its files are written
+    EXPECT_EQ(changes.of(u"cemu"_s).isEmpty(), home.read(file) == "<content>\n</content>\n");
+
+    launch(u"wiiu"_s, game);
+    tasks.finish();
+    EXPECT_EQ(workspace.started.size(), 1) << "the next one does";
 }
 
 TEST_F(Launcher, namesTheEmulatorThatMustBeSetUpFirst)

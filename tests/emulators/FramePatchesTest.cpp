@@ -1,7 +1,7 @@
 #include "emulators/patches/FramePatches.h"
-#include "emulators/finding/InstalledEmulators.h"
 #include "emulators/SfoFile.h"
 #include "emulators/ZipFile.h"
+#include "emulators/finding/InstalledEmulators.h"
 #include "fakes/FakeFileIndex.h"
 #include "fakes/FakeHttp.h"
 #include "fakes/FakeTasks.h"
@@ -127,7 +127,10 @@ TEST_F(FramePatchStore, unpacksTheRepositoryOfThePlayStation4)
 TEST_F(FramePatchStore, aLaunchWaitsForTheFirstListOnlyAndNotForLong)
 {
     int ready = 0;
-    const auto go = [&ready] { ++ready; };
+    const auto go = [&ready](bool cancelled) {
+        EXPECT_FALSE(cancelled);
+        ++ready;
+    };
     patches.prepare(u"snes"_s, go);
     EXPECT_EQ(ready, 1);
     patches.prepare(u"ps3"_s, go);
@@ -140,4 +143,38 @@ TEST_F(FramePatchStore, aLaunchWaitsForTheFirstListOnlyAndNotForLong)
     patches.prepare(u"ps3"_s, go);
     EXPECT_EQ(ready, 3) << "there is a list now";
     EXPECT_EQ(clock.pending(), 0);
+}
+
+TEST_F(FramePatchStore, aCancelledDownloadLeavesTheNextStartWithoutAPatch)
+{
+    QList<bool> ready;
+    const auto go = [&ready](bool cancelled) { ready += cancelled; };
+    const QString game = ps3Game();
+    patches.look(u"A"_s, u"ps3"_s, game);
+    patches.look(u"B"_s, u"ps3"_s, game);
+    patches.cancelDownload(u"A"_s);
+    EXPECT_EQ(http.pending(), 0);
+    const auto sentence =
+        "You cancelled the download of the patch list: this time the game starts without its 60 FPS patch.";
+    EXPECT_EQ(message(), sentence);
+    EXPECT_EQ(message(u"B"_s), sentence) << "which waited for the same list";
+    patches.prepare(u"ps3"_s, go);
+    EXPECT_EQ(ready, QList<bool>{true});
+    EXPECT_EQ(http.pending(), 0);
+
+    patches.look(u"A"_s, u"ps3"_s, game);
+    patches.prepare(u"ps3"_s, go);
+    EXPECT_EQ(ready.size(), 1) << "the next one asks for it";
+    patches.cancelDownload(u"A"_s);
+    EXPECT_EQ(ready, (QList<bool>{true, true})) << "and goes on when it is cancelled";
+    EXPECT_EQ(clock.pending(), 0);
+
+    http.pages[ps3Address] = {200, ps3List, {}};
+    patches.look(u"A"_s, u"ps3"_s, game);
+    http.deliver();
+    EXPECT_EQ(phase(), Phase::available);
+    clock.present = QDateTime::currentDateTime().addDays(8);
+    patches.look(u"A"_s, u"ps3"_s, game);
+    patches.cancelDownload(u"A"_s);
+    EXPECT_EQ(phase(), Phase::available) << "an older list will do";
 }

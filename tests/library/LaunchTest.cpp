@@ -104,6 +104,7 @@ TEST_F(Launch, asksALateProgramOfACancelledLaunchToQuit)
     LibraryStore &store = open();
     store.launch(game.id);
     store.cancelLaunch();
+    EXPECT_EQ(house.launcher.cancelled, 1);
     EXPECT_FALSE(store.launching());
     store.launch(game.id);
     house.processes.processes[5] = {5, 1, u"mgba"_s};

@@ -1,6 +1,8 @@
 #include "LibraryHouse.h"
 #include "OrdinaryUser.h"
 
+#include "base/DayKey.h"
+
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -209,6 +211,20 @@ TEST(LibraryDisk, writesThePortableCopyIntoAnOrganizedFolder)
     store.setFavorite(inside.id, false);
     EXPECT_FALSE(QFile::exists(house.home.path() + u"/Velko"_s));
     EXPECT_FALSE(store.lastError());
+}
+
+TEST(LibraryDisk, keepsThePortableCopyThatAnUnreadableLibraryCanNotReplace)
+{
+    LibraryHouse house;
+    house.preferences.set(preference::folderOrganized, true);
+    house.home.write(u"Velko/Velko Library.json"_s, "earlier");
+    house.writeFile(u"library.json"_s, "[");
+    LibraryStore &store = house.open();
+    store.add({existingGame(house, u"One"_s)});
+    store.add({existingGame(house, u"Two"_s)});
+    const QString kept = u"Velko/Velko Library.json.backup-"_s + dayKey(house.clock.present);
+    EXPECT_EQ(house.home.read(kept), "earlier");
+    EXPECT_EQ(decodeLibrary(house.home.read(u"Velko/Velko Library.json"_s))->size(), 2);
 }
 
 /// Saves without end, telling each save through the pipe.

@@ -146,7 +146,7 @@ TEST_P(MenuSearch, saysWhatWentWrong)
 {
     const QString state = house.places.data + u"/azahar-emu/states/0004000000030800.00.cst"_s;
     write(QDir(house.home.path()).relativeFilePath(state));
-    accessibility.available = GetParam().available;
+    accessibility.available = keys.reachable = GetParam().available;
     if (GetParam().entry)
         accessibility.menus[11] = {{u"Quick Save"_s, {}, true, true, u"a"_s},
                                    {u"Quick Load"_s, {}, true, true, u"b"_s}};
@@ -240,6 +240,16 @@ TEST_F(SaveStatesTest, theEndOfTheGameEndsTheCommand)
     EXPECT_EQ(toasts, 0);
     EXPECT_FALSE(states.busy());
     EXPECT_EQ(house.clock.pending(), 0);
+}
+
+TEST_F(SaveStatesTest, theKeyIsForWhereNoMenuCanBeReached)
+{
+    accessibility.available = false;
+    keys.onPress = [&](const KeyStroke &) { write(u".local/share/azahar-emu/states/0004000000030800.01.cst"_s); };
+    states.save(game(u"azahar"_s, u"Azahar"_s));
+    wait(300ms);
+    EXPECT_EQ(toast, u"State saved"_s);
+    EXPECT_EQ(keys.pressed, (QList<KeyStroke>{{Qt::Key_C, Qt::ControlModifier}}));
 }
 
 TEST_F(SaveStatesTest, goesOnOnceTheEmulatorCanLoad)

@@ -1,5 +1,7 @@
 #include "ui/facts/GameOptions.h"
 
+#include "emulators/patches/FramePatches.h"
+#include "fakes/FakeHttp.h"
 #include "ui/ListHouse.h"
 
 #include <gtest/gtest.h>
@@ -82,4 +84,21 @@ TEST(GameOptions, followTheEmulatorThatIsThereAndSaveAtOnce)
     EXPECT_EQ(saved.quality, QualityPreset::maximum);
     EXPECT_TRUE(saved.widescreen && saved.fps60 && saved.showFPS);
     EXPECT_EQ(saved.fullScreen, false);
+}
+
+TEST(GameOptions, cancelTheDownloadOfPatchesAndKeepTheChoice)
+{
+    OptionsHouse house;
+    house.tasks.immediate = true;
+    FakeHttp http;
+    FramePatches patches{house.places, {}, house.emulators, http, house.clock, house.tasks};
+    house.options.setPatches(&patches);
+    house.options.setGameID(house.add(u"Game"_s, u"ps3"_s));
+    EXPECT_FALSE(house.options.downloadingPatches());
+    house.options.setFps60(true);
+    EXPECT_TRUE(house.options.downloadingPatches());
+    house.options.cancelDownload();
+    EXPECT_FALSE(house.options.downloadingPatches());
+    EXPECT_TRUE(house.options.fps60());
+    EXPECT_TRUE(house.options.fps60Text().startsWith(u"You cancelled the download"_s));
 }

@@ -25,15 +25,23 @@ EmulatorLauncher::EmulatorLauncher(const Places &places, Preferences &preference
 
 void EmulatorLauncher::launch(const LaunchRequest &request, Done done)
 {
-    if (!m_patches || !request.settings.fps60) return prepare(request, std::move(done));
+    const Order order{request, std::move(done), m_round};
+    if (!m_patches || !request.settings.fps60) return prepare(order, false);
     const QPointer<EmulatorLauncher> alive(this);
-    m_patches->prepare(request.consoleID, [alive, request, done = std::move(done)] {
-        if (alive) alive->prepare(request, done);
+    m_patches->prepare(request.consoleID, [alive, order](bool listCancelled) {
+        if (alive && !alive->isCancelled(order)) alive->prepare(order, listCancelled);
     });
 }
 
-void EmulatorLauncher::prepare(const LaunchRequest &request, Done done)
+void EmulatorLauncher::cancel()
 {
+    ++m_round;
+    m_waiting.clear();
+}
+
+void EmulatorLauncher::prepare(const Order &order, bool listCancelled)
+{
+    const LaunchRequest &request = order.request;
     const LaunchInput input{.request = request,
                             .known = m_emulators.stillReadyFor(request.consoleID),
                             .choices = emulatorChoices(m_preferences, m_places.host),
@@ -42,15 +50,17 @@ void EmulatorLauncher::prepare(const LaunchRequest &request, Done done)
                             .mapsControllers = !m_preferences.contains(preference::autoXboxSetup)
                                 || m_preferences.get(preference::autoXboxSetup),
                             .vblankRaised = m_preferences.get(preference::rpcs3VblankRaised),
+                            .patchListCancelled = listCancelled,
                             .now = m_clock.now(),
                             .notes = m_changes.notes()};
     const auto prepare = [input, places = m_places, finder = m_emulators.finder(), &processes = m_processes] {
         return prepareLaunch(input, places, finder, processes);
     };
-    m_tasks.run(this, prepare, [this, done = std::move(done)](Result<PreparedLaunch, LaunchRefusal> prepared) {
-        if (!prepared) return done(prepared.failure());
-        if (prepared.value().setUp) m_changes.record(prepared.value().setUp->notes);
-        endRunning(std::move(prepared.value()), done);
+    m_tasks.run(this, prepare, [this, order](Result<PreparedLaunch, LaunchRefusal> prepared) {
+        if (prepared && prepared.value().setUp) m_changes.record(prepared.value().setUp->notes);
+        if (isCancelled(order)) return;
+        if (!prepared) return order.done(prepared.failure());
+        endRunning(std::move(prepared.value()), order);
     });
 }
 
@@ -72,11 +82,11 @@ QString EmulatorLauncher::controllerToSetUp(const LaunchRequest &request) const
     return settled ? QString() : id;
 }
 
-void EmulatorLauncher::endRunning(PreparedLaunch launch, Done done)
+void EmulatorLauncher::endRunning(PreparedLaunch launch, const Order &order)
 {
     for (const qint64 pid : launch.running)
         m_processes.askToQuit(pid);
-    m_waiting.push_back({std::move(launch), std::move(done), m_clock.awake() + giveUpAfter, nullptr});
+    m_waiting.push_back({std::move(launch), order, m_clock.awake() + giveUpAfter, nullptr});
     lookAgain(std::prev(m_waiting.end()));
 }
 
@@ -90,24 +100,24 @@ void EmulatorLauncher::lookAgain(std::list<Waiting>::iterator waiting)
     }
     const Waiting over = std::move(*waiting);
     m_waiting.erase(waiting);
-    if (ended) return setUp(over.launch, over.done);
+    if (ended) return setUp(over.launch, over.order);
     const EmulatorDef *def = emulatorWithID(over.launch.plan.engine, m_places.host);
-    over.done(Message{u"%@ is still running and doesn't close. Quit it, then play again."_s,
-                      {def ? def->name : over.launch.plan.engine}});
+    over.order.done(Message{u"%@ is still running and doesn't close. Quit it, then play again."_s,
+                            {def ? def->name : over.launch.plan.engine}});
 }
 
-void EmulatorLauncher::setUp(const PreparedLaunch &launch, const Done &done)
+void EmulatorLauncher::setUp(const PreparedLaunch &launch, const Order &order)
 {
-    if (!launch.setUp) return start(launch, launch.shortcomings, done);
-    SetUpOrder order = *launch.setUp;
-    order.notes = m_changes.notes();
+    if (!launch.setUp) return start(launch, launch.shortcomings, order.done);
+    SetUpOrder files = *launch.setUp;
+    files.notes = m_changes.notes();
     m_tasks.run(
-        this, [order, &processes = m_processes] { return setUpEmulator(order, processes); },
-        [this, launch, done](const SetUpOutcome &outcome) {
+        this, [files, &processes = m_processes] { return setUpEmulator(files, processes); },
+        [this, launch, order](const SetUpOutcome &outcome) {
             m_changes.record(outcome.notes);
             if (outcome.vblankRate)
                 m_preferences.set(preference::rpcs3VblankRaised, *outcome.vblankRate != usualVblankRate);
-            start(launch, launch.shortcomings + outcome.failures, done);
+            if (!isCancelled(order)) start(launch, launch.shortcomings + outcome.failures, order.done);
         });
 }
 

@@ -25,6 +25,7 @@ public:
 
     using Done = std::function<void(LaunchResult)>;
     void launch(const LaunchRequest &request, Done done) override;
+    void cancel() override;
     QString engineFor(const LaunchRequest &request) const override;
     QString controllerToSetUp(const LaunchRequest &request) const override;
 
@@ -32,18 +33,24 @@ public:
     void setPatches(FramePatches *patches) { m_patches = patches; }
 
 private:
+    struct Order {
+        LaunchRequest request;
+        Done done;
+        int round = 0;
+    };
     /// A launch that waits for running programs to end.
     struct Waiting {
         PreparedLaunch launch;
-        Done done;
+        Order order;
         std::chrono::milliseconds giveUp; ///< in the clock's awake time
         Timer timer;
     };
 
-    void prepare(const LaunchRequest &request, Done done);
-    void endRunning(PreparedLaunch launch, Done done);
+    bool isCancelled(const Order &order) const { return order.round != m_round; }
+    void prepare(const Order &order, bool listCancelled);
+    void endRunning(PreparedLaunch launch, const Order &order);
     void lookAgain(std::list<Waiting>::iterator waiting);
-    void setUp(const PreparedLaunch &launch, const Done &done);
+    void setUp(const PreparedLaunch &launch, const Order &order);
     void start(const PreparedLaunch &launch, const QList<Message> &shortcomings, const Done &done);
 
     Places m_places;
@@ -57,4 +64,5 @@ private:
     std::function<Session()> m_session;
     FramePatches *m_patches = nullptr;
     std::list<Waiting> m_waiting;
+    int m_round = 0; ///< launches of an earlier one have been cancelled
 };

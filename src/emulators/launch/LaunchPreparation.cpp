@@ -119,11 +119,11 @@ static void writeFiles(const LaunchPlan &plan)
 }
 
 /// The game's 60 FPS patch; the order then carries the rate that it asks for.
-static void applyPatch(SetUpOrder &order, QList<Message> &shortcomings, const Places &places)
+static void applyPatch(SetUpOrder &order, bool listCancelled, QList<Message> &shortcomings, const Places &places)
 {
     const SettingsWish &wish = order.wish;
-    const FramePatchOutcome outcome =
-        applyFramePatch({wish.emulatorID, wish.gamePath, wish.folders}, wish.settings.fps60, places, order.notes);
+    const FramePatchGame game{wish.emulatorID, wish.gamePath, wish.folders, listCancelled};
+    const FramePatchOutcome outcome = applyFramePatch(game, wish.settings.fps60, places, order.notes);
     if (outcome.vblankRate) order.vblankRate = outcome.vblankRate;
     if (outcome.shortcoming) shortcomings += *outcome.shortcoming;
 }
@@ -159,7 +159,7 @@ Result<PreparedLaunch, LaunchRefusal> prepareLaunch(const LaunchInput &input, co
     writeFiles(plan.value());
     if (emulator) {
         launch.setUp = orderOf(*emulator, input, places);
-        applyPatch(*launch.setUp, launch.shortcomings, places);
+        applyPatch(*launch.setUp, input.patchListCancelled, launch.shortcomings, places);
     }
     return launch;
 }

@@ -27,6 +27,7 @@ struct LaunchInput {
     QualityPreset quality = QualityPreset::medium; ///< of games that have none of their own
     bool mapsControllers = true; ///< the user lets Velko map controllers in emulators
     bool vblankRaised = false; ///< RPCS3 still draws at the rate of an earlier game's patch
+    bool patchListCancelled = false; ///< the user did not want to wait for the list of patches
     QDateTime now;
     ChangeNotes notes; ///< of what Velko has changed in emulators' files
 };

@@ -85,7 +85,7 @@ FramePatchOutcome applyPs3(const FramePatchGame &game, bool on, const Places &pl
         off += ps3PatchEdit(config, use, false, places.host);
     }
     if (!on) return {{}, off.isEmpty() ? std::nullopt : switchPs3(file, off, notes)};
-    if (uses.isEmpty()) return {{}, listIsThere(game, places) ? noPs3Patch : patchListMissing(game.emulatorID)};
+    if (uses.isEmpty()) return {{}, listIsThere(game, places) ? noPs3Patch : patchListMissing(game)};
     // One that the user has chosen among several stays the one.
     const PS3PatchUse chosen = switchedOn.isEmpty() ? uses.first() : switchedOn.first();
     const auto trouble =
@@ -126,8 +126,7 @@ FramePatchOutcome applyPs4(const FramePatchGame &game, bool on, const Places &pl
         if (trouble) outcome.shortcoming = trouble;
     }
     if (on && !found)
-        outcome.shortcoming =
-            listIsThere(game, places) ? noPs4Patch(identity->version) : patchListMissing(game.emulatorID);
+        outcome.shortcoming = listIsThere(game, places) ? noPs4Patch(identity->version) : patchListMissing(game);
     return outcome;
 }
 }
@@ -138,9 +137,12 @@ bool listIsThere(const FramePatchGame &game, const Places &places)
                                                            : ps4CacheFolder(places) + u"/index.json"_s);
 }
 
-Message patchListMissing(const QString &emulatorID)
+Message patchListMissing(const FramePatchGame &game)
 {
-    return emulatorID == "rpcs3"_L1
+    if (game.listCancelled)
+        return {u"You cancelled the download of the patch list: this time the game starts without its 60 FPS patch."_s,
+                {}};
+    return game.emulatorID == "rpcs3"_L1
         ? Message{u"Couldn't download RPCS3's patch list. Check your Internet connection."_s, {}}
         : Message{u"Couldn't download the PS4 patch list. Check your Internet connection."_s, {}};
 }

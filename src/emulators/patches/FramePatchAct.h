@@ -12,12 +12,13 @@ struct FramePatchGame {
     QString emulatorID; ///< "rpcs3" or "shadps4"; others have no patches
     QString path;
     EmulatorFolders folders; ///< of the copy that plays it
+    bool listCancelled = false; ///< the user has cancelled the download of the list
 };
 
 bool listIsThere(const FramePatchGame &game, const Places &places); ///< of patches for this game's console; quick
 
 /// Said when there is no list at all.
-Message patchListMissing(const QString &emulatorID);
+Message patchListMissing(const FramePatchGame &game);
 
 /// Whether the lists on this machine have a patch for the game. Reads files, as does the next.
 struct FramePatchSearch {

@@ -80,6 +80,17 @@ void FramePatches::cancel(const QString &gameID)
     setState(gameID, {});
 }
 
+void FramePatches::cancelDownload(const QString &gameID)
+{
+    if (state(gameID).phase != Phase::downloading) return;
+    const QString consoleID = consoleOf(m_looks.value(gameID).game);
+    for (Look &look : m_looks) {
+        if (consoleOf(look.game) == consoleID) look.game.listCancelled = true;
+    }
+    m_cancelled += consoleID;
+    ended(consoleID, false);
+}
+
 /// What a search in the background finds.
 struct Found {
     PatchListState list;
@@ -107,25 +118,26 @@ void FramePatches::search(const QString &gameID, int token, bool mayFetch, bool 
             m_looks.remove(gameID);
             if (!found.patch.name.isEmpty()) return setState(gameID, {Phase::available, -1, found.patch.name, {}});
             if (fetchFailed && !found.list.present)
-                return setState(gameID, {Phase::failed, -1, {}, patchListMissing(game.emulatorID)});
+                return setState(gameID, {Phase::failed, -1, {}, patchListMissing(game)});
             setState(gameID, {Phase::none, -1, {}, found.patch.why});
         });
 }
 
-void FramePatches::prepare(const QString &consoleID, std::function<void()> ready)
+void FramePatches::prepare(const QString &consoleID, std::function<void(bool)> ready)
 {
-    if (!hasPatches(consoleID)) return ready();
+    if (!hasPatches(consoleID)) return ready(false);
     const FramePatchGame any{emulatorOf(consoleID), {}, foldersFor(consoleID)};
-    if (listIsThere(any, m_places)) return ready();
+    if (listIsThere(any, m_places)) return ready(false);
+    if (m_cancelled.remove(consoleID)) return ready(true);
     // Whichever comes first.
     struct Wait {
-        std::function<void()> ready;
+        std::function<void(bool)> ready;
         Timer limit;
     };
     const auto wait = std::make_shared<Wait>(Wait{std::move(ready), nullptr});
-    const auto goOn = [wait] {
+    const auto goOn = [this, wait, consoleID] {
         const Timer over = std::move(wait->limit); // holds what holds it
-        if (const auto call = std::exchange(wait->ready, nullptr)) call();
+        if (const auto call = std::exchange(wait->ready, nullptr)) call(m_cancelled.remove(consoleID));
     };
     wait->limit = m_clock.after(launchWaits, goOn);
     fetch(consoleID, [goOn](bool) { goOn(); });
@@ -133,6 +145,7 @@ void FramePatches::prepare(const QString &consoleID, std::function<void()> ready
 
 void FramePatches::fetch(const QString &consoleID, std::function<void(bool)> done)
 {
+    m_cancelled.remove(consoleID);
     auto &download = m_downloads[consoleID];
     if (!download) download = std::make_shared<Download>();
     download->waiting += std::move(done);

@@ -9,6 +9,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
 #include <functional>
 
 class InstalledEmulators;
@@ -40,9 +41,13 @@ public:
     void look(const QString &gameID, const QString &consoleID, const QString &path);
     void cancel(const QString &gameID); ///< also the download, when no other game waits for it
 
+    /// Ends the download of the list that this game waits for. All that wait for it make do with an older one or none,
+    /// and the next launch does not ask for it again.
+    void cancelDownload(const QString &gameID);
+
     /// Before a launch: `ready` comes at once when there is a list, however old, else when it has come or cannot come,
-    /// but no later than a few seconds from now.
-    void prepare(const QString &consoleID, std::function<void()> ready);
+    /// but no later than a few seconds from now. `cancelled`: there is none because the user has cancelled it.
+    void prepare(const QString &consoleID, std::function<void(bool cancelled)> ready);
 
 signals:
     void changed(const QString &gameID);
@@ -78,5 +83,6 @@ private:
     QHash<QString, FramePatchState> m_states;
     QHash<QString, Look> m_looks; ///< under way, by game
     QHash<QString, std::shared_ptr<Download>> m_downloads; ///< by console
+    QSet<QString> m_cancelled; ///< consoles whose last download was cancelled
     int m_token = 0;
 };

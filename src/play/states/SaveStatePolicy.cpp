@@ -102,6 +102,14 @@ std::optional<StateKeys> shortcutPair(const QString &engine, Host host)
     return found == pairs.constEnd() ? std::nullopt : std::optional(*found);
 }
 
+std::optional<StateKeys> keysBesideMenus(const QString &engine, Host host)
+{
+    // To its oldest slot, from its newest.
+    if (engine == "azahar"_L1 && host == Host::linux)
+        return StateKeys{{Qt::Key_C, Qt::ControlModifier}, {Qt::Key_V, Qt::ControlModifier}};
+    return {};
+}
+
 MacKey macKey(const KeyStroke &stroke)
 {
     static const QHash<int, int> codes{{Qt::Key_F1, 122}, {Qt::Key_F2, 120}, {Qt::Key_F3, 99},
@@ -122,8 +130,7 @@ QList<StateWay> stateWays(const QString &engine, Host host, bool keysBound)
 {
     const Kind kind = kindOf(engine, host, keysBound);
     if (kind == Kind::menuSearch)
-        return engine == "azahar"_L1 && host == Host::linux ? QList{StateWay::menu, StateWay::key}
-                                                            : QList{StateWay::menu};
+        return keysBesideMenus(engine, host) ? QList{StateWay::menu, StateWay::key} : QList{StateWay::menu};
     if (kind != Kind::shortcut) return {};
     if (host == Host::mac) return {StateWay::key};
     if (engine == "xemu"_L1) return {StateWay::interface};

@@ -37,6 +37,9 @@ struct StateKeys {
 /// The emulator's keys for its quick state, as it comes. On the Mac, Qt's Control is the Command key.
 std::optional<StateKeys> shortcutPair(const QString &engine, Host host);
 
+/// Keys of an emulator that is reached by its menus, for where menus cannot be reached.
+std::optional<StateKeys> keysBesideMenus(const QString &engine, Host host);
+
 /// A key as macOS numbers it.
 struct MacKey {
     int code = 0;

@@ -134,6 +134,8 @@ void SaveStates::tryNextWay()
     case StateWay::interface:
         return askInterface();
     case StateWay::key:
+        if (keysBesideMenus(m_command->game.engine, m_reach.places.host) && !m_command->menusOutOfReach)
+            return asked(false); // a menu that lacks the command, or has it switched off, knows better
         return pressKey();
     case StateWay::menu:
         return searchMenu();

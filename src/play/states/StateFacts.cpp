@@ -32,9 +32,9 @@ StateFacts stateFacts(const StateQuestion &question, const Places &places)
         facts.save = settings.save;
         facts.load = settings.load;
         facts.keysBound = !keys && settings.save && settings.load;
-    } else if (keys) {
-        facts.save = keys->save;
-        facts.load = keys->load;
+    } else if (const auto usual = keys ? keys : keysBesideMenus(question.engine, places.host)) {
+        facts.save = usual->save;
+        facts.load = usual->load;
     }
     facts.address = addressOf(question, copy, places);
     facts.places = statePlaces(question.engine, question.gamePath, question.copies, places);

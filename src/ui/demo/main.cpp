@@ -47,6 +47,8 @@ public:
         });
     }
 
+    void cancel() override { m_wait.reset(); }
+
 private:
     Clock &m_clock;
     FakeWorkspace &m_workspace;

@@ -167,6 +167,16 @@ QString GameOptions::fps60Text() const
     return native() ? m_translator.translate(u"Only games rebuilt by nxnative on a Mac can do this"_s) : notAvailable();
 }
 
+bool GameOptions::downloadingPatches() const
+{
+    return m_patches && fps60() && m_patches->state(m_gameID).phase == FramePatchState::Phase::downloading;
+}
+
+void GameOptions::cancelDownload()
+{
+    if (m_patches) m_patches->cancelDownload(m_gameID);
+}
+
 void GameOptions::setFps60(bool on)
 {
     GameSettings settings = this->settings();

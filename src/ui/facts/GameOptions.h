@@ -28,6 +28,7 @@ class GameOptions : public QObject {
     Q_PROPERTY(bool fps60Offered READ fps60Offered NOTIFY changed)
     Q_PROPERTY(QString fps60Title READ fps60Title NOTIFY changed)
     Q_PROPERTY(QString fps60Text READ fps60Text NOTIFY changed)
+    Q_PROPERTY(bool downloadingPatches READ downloadingPatches NOTIFY changed)
     Q_PROPERTY(bool widescreen READ widescreen WRITE setWidescreen NOTIFY changed)
     Q_PROPERTY(bool widescreenOffered READ widescreenOffered NOTIFY changed)
     Q_PROPERTY(QString widescreenText READ widescreenText NOTIFY changed)
@@ -52,6 +53,7 @@ public:
     bool fps60Offered() const;
     QString fps60Title() const;
     QString fps60Text() const;
+    bool downloadingPatches() const; ///< the list in which this game's patch is looked up
     bool widescreen() const;
     bool widescreenOffered() const;
     QString widescreenText() const;
@@ -65,6 +67,7 @@ public:
     void setWidescreen(bool on);
     void setShowFPS(bool on);
     void setFullScreen(bool on);
+    Q_INVOKABLE void cancelDownload(); ///< of the list of patches; 60 FPS stays chosen
 
 signals:
     void changed();

@@ -45,6 +45,15 @@ Card {
             onActivated: root.options.fps60 = !root.options.fps60
         }
         SettingRow {
+            visible: root.options.downloadingPatches
+            width: parent.width
+            icon: "cancel"
+            text: Tr.translate("Cancel the download")
+            detail: Tr.translate("60 FPS stays on. Without the list the game starts as it is this time.")
+            role: Accessible.Button
+            onActivated: root.options.cancelDownload()
+        }
+        SettingRow {
             visible: !root.options.native
             width: parent.width
             available: root.options.widescreenOffered
