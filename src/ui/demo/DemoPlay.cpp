@@ -38,6 +38,7 @@ struct DemoPlay::Stage {
     explicit Stage(const House &given) : house(given), display(QGuiApplication::primaryScreen()->geometry())
     {
         windows.connected = {{QGuiApplication::primaryScreen()->name(), display, true}};
+        windows.composed = true;
     }
 
     House house;

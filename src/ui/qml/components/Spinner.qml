@@ -12,6 +12,12 @@ Item {
     Accessible.role: Accessible.ProgressBar
     Accessible.name: Tr.translate("Please wait")
 
+    Icon {
+        visible: !Theme.reduceMotion
+        name: "spinner-track"
+        size: root.size
+        color: Qt.alpha(Theme.t1, 0.14)
+    }
     Image {
         anchors.fill: parent
         visible: !Theme.reduceMotion
@@ -19,8 +25,9 @@ Item {
         sourceSize.height: root.size * 2
         source: "image://icon/spinner/" + String(root.color).substring(1)
         smooth: true
-        RotationAnimator on rotation {
-            running: root.visible && !Theme.reduceMotion
+        // Not an animator: Qt 6.4 goes on ticking for one whose window was hidden before it was destroyed.
+        NumberAnimation on rotation {
+            running: root.visible && root.Window.visibility !== Window.Hidden && !Theme.reduceMotion
             from: 0
             to: 360
             duration: 1100

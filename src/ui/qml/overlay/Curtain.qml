@@ -23,13 +23,12 @@ Rectangle {
             required property int index
             x: index % 2 ? root.width - width - Theme.px(54) : Theme.px(54)
             y: index > 1 ? root.height - height - Theme.px(54) : Theme.px(54)
-            atRight: index % 2 === 1
-            atBottom: index > 1
+            rotation: [0, 90, 270, 180][index]
         }
     }
     Column {
         anchors.horizontalCenter: parent.horizontalCenter
-        y: (root.height - height) * 0.46
+        y: (root.height - height) * 0.52
         width: parent.width - 2 * Theme.px(96)
         Cover {
             anchors.horizontalCenter: parent.horizontalCenter

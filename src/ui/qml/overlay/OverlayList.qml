@@ -43,7 +43,7 @@ Item {
         highlightMoveDuration: 0
         delegate: OverlayRowItem {
             width: ListView.view.width
-            selected: ListView.isCurrentItem
+            selected: ListView.isCurrentItem && !root.facts.quitting
             onEntered: root.facts.select(index)
             onChosen: root.facts.choose(index)
             onStepped: by => root.facts.step(index, by)

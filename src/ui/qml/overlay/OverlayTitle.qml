@@ -7,9 +7,10 @@ Row {
     required property OverlayFacts facts
     property real coverHeight: Theme.px(112)
 
+    height: coverHeight
     spacing: Theme.px(28)
     Cover {
-        id: cover
+        anchors.verticalCenter: parent.verticalCenter
         width: root.coverHeight * 0.75
         height: Math.min(root.coverHeight, width * root.facts.ratio)
         radius: Theme.px(10)
@@ -17,7 +18,7 @@ Row {
         consoleID: root.facts.consoleID
     }
     Column {
-        anchors.verticalCenter: cover.verticalCenter
+        anchors.verticalCenter: parent.verticalCenter
         width: root.width - x
         spacing: Theme.px(12)
         FarHeading {
