@@ -14,6 +14,7 @@
 using namespace Qt::StringLiterals;
 
 static constexpr double limit = 1.3; ///< for the first frame, as a ratio to the empty window's
+static constexpr double manyGamesLimit = 0.6; ///< for the first frame with 50,000 games in it, in seconds
 
 namespace {
 /// A program that prints a line when it has drawn something.
@@ -82,7 +83,8 @@ static void startWithGames(benchmark::State &state)
     state.counters["first"] = middle(first);
     state.counters["games"] = middle(games);
     state.counters["ratio"] = middle(first) / middle(empty);
-    state.counters["ofBudget"] = middle(first) / middle(empty) / limit;
+    state.counters["ofBudget"] =
+        state.range(0) < 50000 ? middle(first) / middle(empty) / limit : middle(games) / manyGamesLimit;
     state.counters["gamesRatio"] = middle(games) / middle(empty);
 }
 BENCHMARK(startWithGames)->Arg(10000)->Arg(50000)->Iterations(15)->Unit(benchmark::kMillisecond);

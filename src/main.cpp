@@ -93,7 +93,7 @@ class Program {
 public:
     /// `shell`: the window that is shown already and waits for its content, if any.
     Program(const Places &places, Preferences &preferences, RequestChannel &channel, std::unique_ptr<Tasks> tasks,
-            std::unique_ptr<WindowShell> shell)
+            std::unique_ptr<WindowShell> shell, LibraryReading reading)
         : m_places(places), m_tasks(std::move(tasks)), m_preferences(preferences), m_shell(std::move(shell)),
           m_translator(chooseLanguage(preferences.get(preference::appLanguage), QLocale::system().uiLanguages()),
                        places.host),
@@ -102,7 +102,8 @@ public:
           m_patches(places, m_endpoints, m_emulators, *m_http, *m_clock, *m_tasks),
           m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators, m_changes,
                      [this] { return session(); }),
-          m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
+          m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher,
+                    std::move(reading)),
           m_bios(places, m_emulators, preferences, *m_workspace, *m_tasks, m_changes),
           m_commands(places, m_library, m_emulators.finder(), preferences, m_bios, *m_tasks, m_translator)
     {
@@ -292,11 +293,17 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv, const 
 {
     const bool wantsDisplay = isForWindow(command) || command.kind == Command::Kind::play;
     if (!wantsDisplay || !places.displayPresent) return std::make_unique<QCoreApplication>(argc, argv);
+    // On Wayland nobody may put a window over a game's, nor give it the keyboard; on XWayland Velko may. What it starts
+    // chooses for itself.
+    const bool chosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    if (!chosen && qEnvironmentVariableIsSet("DISPLAY")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
     auto application = std::make_unique<QGuiApplication>(argc, argv);
+    if (!chosen) qunsetenv("QT_QPA_PLATFORM");
     QGuiApplication::setDesktopFileName(u"velko"_s);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     return application;
 }
+
 /// Requests that come before there is a program to serve them.
 class EarlyRequests {
 public:
@@ -372,6 +379,7 @@ int main(int argc, char **argv)
         QCoreApplication::exec();
     }
 
+    LibraryReading reading = beginReading(places);
     EarlyRequests early(*channel);
     logTo(places.logFile());
     Preferences preferences(places.preferencesFile());
@@ -383,7 +391,7 @@ int main(int argc, char **argv)
         shell = showShell(places);
         if (!shell) return 0;
     }
-    Program program(places, preferences, *channel, std::move(tasks), std::move(shell));
+    Program program(places, preferences, *channel, std::move(tasks), std::move(shell), std::move(reading));
     program.serveTerminal(arguments);
     early.passTo(program);
     return QCoreApplication::exec();

@@ -182,6 +182,9 @@ void CommandRunner::list(bool json, const Answer &reply)
     for (const GameEntry &game : json ? QList<GameEntry>() : m_library.games())
         text += u"%1  %2  %3\n"_s.arg(game.id, game.consoleID.leftJustified(8), onOneLine(game.title));
     reply->print(json ? QString::fromUtf8(encodeLibrary(m_library.games())) + u'\n' : text);
+    // The list of the games that were added since is not what was asked for.
+    if (!m_library.setAsideFile().isEmpty())
+        return fail(reply, {u"Your library file can't be read. Open Velko: Home offers the newest good copy."_s, {}});
     reply->finish(0);
 }
 

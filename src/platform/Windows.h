@@ -45,6 +45,10 @@ public:
     virtual std::optional<AppWindow> activeWindow() const = 0; ///< the one with the keyboard, whoever's it is
     virtual bool isComposed() const = 0; ///< windows are blended: a transparent one shows what lies below it
 
+    /// Whether a window can be in front of one that is full screen. Where windows are tiled, the one pushes the other out
+    /// of full screen, and only what the window manager does not know is in front.
+    virtual bool haveLayers() const = 0;
+
     /// Takes it out of full screen and of the maximised state, and moves it there. Some window managers act late.
     virtual void move(quint64 window, const QRect &place) = 0;
     /// On the display at this place in `displays`, where the window manager lets it be chosen; else where it is.

@@ -75,8 +75,12 @@ bool CouchPlay::gameIsInFront()
 
 bool CouchPlay::menuIsInFront()
 {
+    const auto isMenu = [this](const DesktopWindow &window) {
+        return window.pid == velko->pid() && window.place == screen;
+    };
+    // Some window managers put nothing in front of a game; then the menu is not theirs.
     const auto front = display.desktop().active();
-    return front && front->pid == velko->pid() && front->place == screen;
+    return (front && isMenu(*front)) || std::ranges::any_of(display.desktop().unmanaged(), isMenu);
 }
 
 bool CouchPlay::gameStandsStill() const

@@ -88,6 +88,19 @@ std::optional<DesktopWindow> Desktop::active() const
     return described(window);
 }
 
+QList<DesktopWindow> Desktop::unmanaged() const
+{
+    xcb_connection_t *c = m_connection.get();
+    QList<DesktopWindow> list;
+    const auto tree = owned(xcb_query_tree_reply(c, xcb_query_tree(c, m_root), nullptr));
+    for (int i = 0; tree && i < xcb_query_tree_children_length(tree.get()); ++i) {
+        const quint32 window = xcb_query_tree_children(tree.get())[i];
+        const auto facts = owned(xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, window), nullptr));
+        if (facts && facts->override_redirect && facts->map_state == XCB_MAP_STATE_VIEWABLE) list += described(window);
+    }
+    return list;
+}
+
 void Desktop::close(quint32 window)
 {
     xcb_client_message_event_t message{};

@@ -28,6 +28,7 @@ public:
     QSize size() const;
     QList<DesktopWindow> windows() const; ///< in the order in which they appeared
     std::optional<DesktopWindow> active() const; ///< the one that has the keyboard
+    QList<DesktopWindow> unmanaged() const; ///< shown over all others, unknown to the window manager; the lowest first
     void close(quint32 window); ///< asks politely, as the window's close button does
     QImage picture() const; ///< the whole screen
 

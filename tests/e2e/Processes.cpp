@@ -65,6 +65,7 @@ QList<qint64> descendants(qint64 pid)
 
 void killTree(qint64 pid)
 {
+    if (pid <= 0) return; // 0 would mean this program and all that was started with it
     const QList<qint64> all = QList<qint64>{pid} + descendants(pid);
     for (const qint64 one : all)
         kill(pid_t(one), SIGKILL);

@@ -18,5 +18,5 @@ bool isRunning(qint64 pid);
 /// Whether the program was stopped and waits to go on.
 bool isStopped(qint64 pid);
 
-/// Ends it and everything below it at once, and waits until they are gone.
+/// Ends it and everything below it at once, and waits until they are gone. 0: none.
 void killTree(qint64 pid);

@@ -2,17 +2,17 @@
 #include "VirtualDisplay.h"
 #include "Waiting.h"
 
-#include "emulators/launch/CommandChannel.h"
 #include "emulators/finding/InstalledEmulators.h"
+#include "emulators/launch/CommandChannel.h"
 #include "emulators/settings/RetroArchConfig.h"
 #include "fakes/FakeFileIndex.h"
 #include "fakes/FakeGameLauncher.h"
 #include "library/LibraryStore.h"
 #include "platform/Preferences.h"
 #include "platform/linux/LinuxServices.h"
-#include "play/states/SaveStates.h"
 #include "play/shots/ScreenshotStore.h"
 #include "play/shots/Screenshots.h"
+#include "play/states/SaveStates.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>

@@ -12,17 +12,22 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-VirtualDisplay::VirtualDisplay(XServer::Kind kind, const QString &windowManager) : m_server(kind, QString())
+VirtualDisplay::VirtualDisplay(XServer::Kind kind, const QString &windowManager)
 {
     adoptOrphans();
     QDir().mkpath(home());
     QDir().mkpath(m_folder.filePath(u"run"_s));
     QFile::setPermissions(m_folder.filePath(u"run"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    if (!m_server.isReady()) return;
-    startBus();
-    if (!m_server.manage(windowManager, environment()))
-        return; // some window managers ask for their settings on the bus
-    m_desktop = std::make_unique<Desktop>(m_server.display());
+    startBus(); // some window managers ask for their settings there
+    if (Compositor::isOne(windowManager)) {
+        m_compositor = std::make_unique<Compositor>(windowManager, environment());
+        if (!m_compositor->isReady()) return;
+    } else {
+        m_server = std::make_unique<XServer>(kind, QString());
+        if (!m_server->isReady() || !m_server->manage(windowManager, environment())) return;
+    }
+    m_desktop = std::make_unique<Desktop>(name());
+    waitFor(10s, [this] { return m_desktop->hasWindowManager(); });
 }
 
 VirtualDisplay::~VirtualDisplay()
@@ -50,7 +55,27 @@ void VirtualDisplay::startBus()
 
 bool VirtualDisplay::run(const QString &program, const QStringList &arguments) const
 {
-    return m_server.run(program, arguments);
+    if (m_server) return m_server->run(program, arguments);
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.start(program, arguments);
+    return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+QString VirtualDisplay::secondOutput() const
+{
+    return m_compositor ? u"XWAYLAND1"_s : u"DUMMY1"_s;
+}
+
+bool VirtualDisplay::pressKey(const QString &key) const
+{
+    // Without a device, sway has a keyboard only while a program lends it one, and needs a moment to hand it on.
+    return run(u"xdotool"_s, {u"key"_s, key}) || run(u"wtype"_s, {u"-s"_s, u"300"_s, u"-k"_s, key, u"-s"_s, u"300"_s});
+}
+
+bool VirtualDisplay::turnSecondOff() const
+{
+    return m_server && run(u"xrandr"_s, {u"--output"_s, secondOutput(), u"--off"_s});
 }
 
 QProcessEnvironment VirtualDisplay::environment() const
@@ -63,7 +88,8 @@ QProcessEnvironment VirtualDisplay::environment() const
     insert("LANG", u"C.UTF-8"_s);
     insert("HOME", home());
     insert("XDG_RUNTIME_DIR", m_folder.filePath(u"run"_s));
-    insert("DISPLAY", QString::fromLatin1(m_server.display()));
+    if (m_compositor) environment.insert(m_compositor->told());
+    if (m_server) insert("DISPLAY", QString::fromLatin1(m_server->display()));
     insert("DBUS_SESSION_BUS_ADDRESS", QString::fromLatin1(m_busAddress));
     insert("SDL_AUDIODRIVER", u"dummy"_s); // mGBA stands still when there is no sound device
     for (const char *kept : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "TZ"})
@@ -74,8 +100,10 @@ QProcessEnvironment VirtualDisplay::environment() const
 QList<qint64> VirtualDisplay::programs() const
 {
     QList<qint64> all = descendants(QCoreApplication::applicationPid());
-    QList<qint64> services = m_server.processes();
-    services += m_bus.processId();
+    QList<qint64> services{m_bus.processId()};
+    if (m_server) services += m_server->processes();
+    if (m_compositor) services += m_compositor->pid();
+    all.removeIf([](qint64 pid) { return commandLine(pid).startsWith("Xwayland"_L1); }); // its compositor lets it go
     for (const qint64 service : std::as_const(services)) {
         const QList<qint64> own = QList<qint64>{service} + descendants(service);
         all.removeIf([&](qint64 pid) { return own.contains(pid); });

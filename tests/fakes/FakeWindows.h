@@ -57,6 +57,7 @@ public:
         const int own = displayOf(changed->geometry);
         changed->geometry = connected.value(choosesDisplay ? display : own, connected.value(own)).geometry;
     }
+    bool haveLayers() const override { return true; }
     void activate(quint64 window) override
     {
         if (find(window)) becomeActive(window);

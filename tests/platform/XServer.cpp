@@ -39,6 +39,18 @@ Section "Screen"
 EndSection
 )";
 
+/// Some start a dialog or a session in place of a window manager unless they are told not to.
+static QStringList commandOf(const QString &windowManager, const QTemporaryDir &folder)
+{
+    if (windowManager == "mutter"_L1) return {windowManager, u"--x11"_s};
+    QFile settings(folder.filePath(u"settings"_s));
+    if (windowManager == "i3"_L1 && settings.open(QFile::WriteOnly)) {
+        settings.write("font pango:monospace 8\n");
+        return {windowManager, u"-c"_s, settings.fileName()};
+    }
+    return {windowManager};
+}
+
 static void dieWithTest(QProcess &process)
 {
     process.setStandardErrorFile(QProcess::nullDevice());
@@ -133,7 +145,8 @@ bool XServer::manage(const QString &windowManager, const QProcessEnvironment &en
     xcb_delete_property(connection, connection.root(), connection.atom("_NET_CLIENT_LIST"));
     dieWithTest(m_windowManager);
     m_windowManager.setProcessEnvironment(environment.isEmpty() ? this->environment() : environment);
-    m_windowManager.start(windowManager, {});
+    const QStringList command = commandOf(windowManager, m_folder);
+    m_windowManager.start(command.first(), command.mid(1));
     const xcb_window_t probe = xcb_generate_id(connection);
     xcb_create_window(connection, XCB_COPY_FROM_PARENT, probe, connection.root(), 0, 0, 9, 9, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);

@@ -8,7 +8,7 @@
 #include <csignal>
 #include <limits>
 #include <mutex>
-#include <sched.h>
+#include <poll.h>
 
 using namespace std::chrono_literals;
 
@@ -129,10 +129,12 @@ bool LinuxProcessControl::freeze(qint64 pid)
 {
     if (holdsVelko(pid) || !send(pid, 0)) return false;
     Started stopped;
-    // Halting takes a processor, and on a busy machine its turn; it is not waited for without end.
-    const QDeadlineTimer deadline(50ms);
+    // A stop can't be refused, but it takes effect at the process's next turn, which on a busy machine is long in
+    // coming: the processor is left to it. One that waits for a dead disk stops when that answers; until then it does
+    // nothing either.
+    const QDeadlineTimer deadline(500ms);
     while (stopMore(pid, stopped) && !deadline.hasExpired())
-        sched_yield();
+        poll(nullptr, 0, deadline.remainingTime() > 498 ? 0 : 1);
     const std::scoped_lock lock(m_lock);
     m_frozen[pid].insert(stopped);
     return true;

@@ -1,4 +1,5 @@
 #include "platform/linux/LinuxServices.h"
+#include "platform/linux/TilingCommands.h"
 #include "platform/linux/XDisplays.h"
 #include "platform/linux/XWindowReader.h"
 
@@ -14,6 +15,7 @@ public:
     QList<Monitor> displays() const override;
     QList<AppWindow> windowsOf(const QList<qint64> &pids) const override;
     std::optional<AppWindow> activeWindow() const override;
+    bool haveLayers() const override { return !m_tiling.areTaken(); }
     bool isComposed() const override;
     void move(quint64 window, const QRect &place) override;
     void setFullScreen(quint64 window, bool fullScreen, int display) override;
@@ -28,11 +30,13 @@ private:
     void noticeProperty(xcb_atom_t property);
     void lookAtDisplays();
     bool managerKnows(const char *request);
+    void configure(quint64 window, const QRect &place);
     void tellManager(quint64 window, const char *request, const Numbers &numbers);
     void changeState(quint64 window, StateChange change, const char *state, const char *second = nullptr);
 
     const std::unique_ptr<XConnection> m_connection;
     const XWindowReader m_reader;
+    mutable TilingCommands m_tiling; ///< asks the display when first needed
     QList<Monitor> m_known; ///< displays when they were last announced
     bool m_looksAtDisplays = false; ///< about to
     std::optional<QList<quint32>> m_supported; ///< by the present window manager; absent: not asked yet
@@ -43,7 +47,7 @@ constexpr quint32 fromUser = 2; // window managers hold requests of ordinary pro
 }
 
 LinuxWindows::LinuxWindows(const QByteArray &display)
-    : m_connection(std::make_unique<XConnection>(display)), m_reader(*m_connection)
+    : m_connection(std::make_unique<XConnection>(display)), m_reader(*m_connection), m_tiling(*m_connection)
 {
     if (!isAvailable()) return;
     m_connection->intern({"_NET_CLIENT_LIST",
@@ -109,12 +113,24 @@ bool LinuxWindows::isComposed() const
 // in their order.
 void LinuxWindows::move(quint64 window, const QRect &place)
 {
+    if (m_tiling.move(quint32(window), place)) return;
     changeState(window, StateChange::remove, "_NET_WM_STATE_FULLSCREEN");
     changeState(window, StateChange::remove, "_NET_WM_STATE_MAXIMIZED_VERT", "_NET_WM_STATE_MAXIMIZED_HORZ");
+    if (!managerKnows("_NET_MOVERESIZE_WINDOW")) return configure(window, place); // as awesome
     constexpr quint32 allFour = 1 << 8 | 1 << 9 | 1 << 10 | 1 << 11; // x, y, width and height are given
     tellManager(window, "_NET_MOVERESIZE_WINDOW",
                 {allFour | fromUser << 12, quint32(place.x()), quint32(place.y()), quint32(place.width()),
                  quint32(place.height())});
+}
+
+/// Asks for it as the program that the window belongs to would.
+void LinuxWindows::configure(quint64 window, const QRect &place)
+{
+    const quint32 values[] = {quint32(place.x()), quint32(place.y()), quint32(place.width()), quint32(place.height())};
+    xcb_configure_window(*m_connection, xcb_window_t(window),
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
+                         values);
+    m_connection->flush();
 }
 
 void LinuxWindows::setFullScreen(quint64 window, bool fullScreen, int display)
@@ -130,6 +146,7 @@ void LinuxWindows::setFullScreen(quint64 window, bool fullScreen, int display)
 
 void LinuxWindows::activate(quint64 window)
 {
+    if (m_tiling.activate(quint32(window))) return;
     tellManager(window, "_NET_ACTIVE_WINDOW", {fromUser});
 }
 
@@ -185,6 +202,7 @@ void LinuxWindows::noticeProperty(xcb_atom_t property)
     } else if (property == m_connection->atom("_NET_SUPPORTED")
                || property == m_connection->atom("_NET_SUPPORTING_WM_CHECK")) {
         m_supported.reset(); // another window manager
+        m_tiling.forget();
     }
 }
 

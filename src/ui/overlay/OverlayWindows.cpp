@@ -43,6 +43,9 @@ QScreen *screenNamed(const QString &name)
 
 /// The panel takes the keyboard, so the window manager has to know it.
 constexpr Qt::WindowFlags managed = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+/// For window managers that put no window over one that is full screen, or keep it off their bars: icewm, i3, sway. Not
+/// the type of a dock, which kwin puts below the game.
+constexpr Qt::WindowFlags unmanaged = managed | Qt::BypassWindowManagerHint;
 
 constexpr int panelGoesIn = 120, curtainGoesIn = 420; // milliseconds
 
@@ -70,6 +73,8 @@ public:
 
 private:
     void showPanel();
+    void openPanel();
+    void judgePanel();
     void showNotice();
     void showCurtain();
     void forgetPicture();
@@ -79,7 +84,9 @@ private:
     OverlayFacts m_facts;
     NoticeFacts m_notices;
     std::unique_ptr<Built> m_built;
+    bool m_unmanaged = false; ///< the panel needs to be; once and for all
     Timer m_soon;
+    Timer m_judge;
     Timer m_forget;
 };
 
@@ -105,7 +112,7 @@ OverlayWindows::Surfaces::Surfaces(const OverlayWindowParts &parts)
     });
     connect(&parts.windows, &Windows::displaysChanged, this, [this] {
         showCurtain();
-        showPanel();
+        if (m_parts.guide.isOpen()) openPanel(); // made anew by Qt when its display goes: nothing leads keys to it
         showNotice();
     });
 }
@@ -164,22 +171,49 @@ void OverlayWindows::Surfaces::showPanel()
 {
     const bool composed = m_parts.windows.isComposed();
     if (!m_parts.guide.isOpen()) {
+        m_judge.reset();
         if (!m_built) return;
+        m_built->panel.setKeyboardGrabEnabled(false);
         m_built->panelFade.go({panelGoesIn, composed},
                               [this] { m_forget = m_parts.clock.after(500ms, [this] { forgetPicture(); }); });
         return;
     }
     m_forget.reset();
     build();
-    QQuickView &panel = m_built->panel;
-    if (panel.isVisible() && !m_built->panelFade.isGoing() && panel.screen() == screen()) return;
+    if (m_built->panel.isVisible() && !m_built->panelFade.isGoing()) return;
     m_built->input.set(u"pad"_s);
+    m_unmanaged = m_unmanaged || !m_parts.windows.haveLayers();
+    openPanel();
+}
+
+void OverlayWindows::Surfaces::openPanel()
+{
+    QQuickView &panel = m_built->panel;
+    panel.setFlags(m_unmanaged ? unmanaged : managed);
     panel.setScreen(screen());
     panel.setGeometry(screen()->geometry());
-    m_built->panelFade.come({0, composed});
+    m_built->panelFade.come({});
     panel.raise();
     panel.requestActivate();
-    m_parts.windows.activate(panel.winId());
+    if (m_unmanaged) {
+        panel.setKeyboardGrabEnabled(true); // sway takes the keyboard away from what it does not know
+    } else {
+        m_parts.windows.activate(panel.winId());
+        m_judge = m_parts.clock.after(400ms, [this] { judgePanel(); });
+    }
+}
+
+/// A window manager may have put the panel elsewhere, or not in front.
+void OverlayWindows::Surfaces::judgePanel()
+{
+    QQuickView &panel = m_built->panel;
+    const auto front = m_parts.windows.activeWindow();
+    for (const Monitor &display : m_parts.windows.displays()) {
+        if (front && front->id == panel.winId() && front->geometry == display.geometry) return;
+    }
+    m_unmanaged = true;
+    panel.hide();
+    openPanel();
 }
 
 /// A hidden window keeps what it drew last, the picture of a whole display: it draws once more, for nobody.

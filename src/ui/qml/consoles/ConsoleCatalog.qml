@@ -54,7 +54,7 @@ FocusScope {
             onActivated: root.consoles.onlyMine = !root.consoles.onlyMine
         }
         SegmentedControl {
-            width: 320
+            width: 372
             name: Tr.translate("Order")
             options: root.lists.groupings
             value: root.consoles.byMaker ? "maker" : "date"
