@@ -52,6 +52,10 @@ public:
 
     std::optional<Message> lastError() const { return m_lastError; }
     const QSet<QString> &running() const { return m_running; }
+    double sessionSeconds(const QString &id) const
+    {
+        return m_sessions.seconds(id);
+    } ///< up to now, unlike `playSeconds`
     bool resumes(const QString &id) const; ///< it runs, and was started to go on from a save state
     QStringList romFolders() const { return m_romFolders; }
     bool scanning() const { return m_scan.running(); }

@@ -35,6 +35,14 @@ std::chrono::milliseconds SessionClock::Session::sinceThen(std::chrono::millisec
     return paused ? 0ms : stretch;
 }
 
+double SessionClock::seconds(const QString &gameID) const
+{
+    const auto session = m_sessions.constFind(gameID);
+    if (session == m_sessions.cend()) return 0;
+    Session now = *session;
+    return inSeconds(now.counted + now.uncounted + now.sinceThen(m_clock.awake()));
+}
+
 void SessionClock::tick()
 {
     QList<PlayedStretch> stretches;

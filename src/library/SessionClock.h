@@ -31,6 +31,7 @@ public:
     /// Ignored for a game that does not run. What was played until then is counted with the next stretch: counting is
     /// followed by writing, for which nobody who pauses waits.
     void setPaused(const QString &gameID, bool paused);
+    double seconds(const QString &gameID) const; ///< of the session up to now; 0 for a game that does not run
     void tick(); ///< counts up to now, without waiting for the timer
     std::optional<Ended> end(qint64 pid); ///< counts up to now; nothing while another program of the game runs
     QList<Ended> endAll();

@@ -35,6 +35,7 @@ void OverlayFacts::sessionChanged()
 void OverlayFacts::panelToggled()
 {
     if (m_guide.isOpen()) {
+        m_played = m_library.sessionSeconds(m_game.gameID);
         m_picture = m_guide.picture().isNull() ? QString() : u"image://frozen/%1"_s.arg(++m_pictureNumber);
         emit pictureChanged();
     }
@@ -107,8 +108,7 @@ QStringList OverlayFacts::origin() const
     QStringList parts;
     if (const Console *console = consoleWithID(consoleID(), m_host)) parts += m_translator.translate(console->name);
     if (!m_game.isNative()) parts += m_game.name;
-    const double played = (entry() ? entry()->playSeconds.value_or(0) : 0) - m_playedBefore;
-    parts += translated(playTimeText(std::max(1.0, played)));
+    parts += translated(playTimeText(std::max(1.0, m_played)));
     return parts;
 }
 
@@ -339,8 +339,7 @@ QList<OverlayRow> OverlayFacts::infoRows() const
     };
     const GameEntry *game = entry();
     if (!game || !m_guide.session()) return rows;
-    const double played = game->playSeconds.value_or(0);
-    add(u"clock"_s, u"Play time"_s, translated(playTimeText(std::max(1.0, played))));
+    add(u"clock"_s, u"Play time"_s, translated(playTimeText(std::max(1.0, m_playedBefore + m_played))));
     add(u"calendar"_s, u"Sessions"_s, QString::number(game->sessionCount.value_or(0) + 1));
     add(u"console"_s, u"Console"_s, origin().value(0));
     add(u"chip"_s, u"Emulator"_s, m_guide.session()->isNative() ? QString() : m_guide.session()->name);

@@ -97,6 +97,7 @@ private:
     QSize m_display;
     RunningGame m_game; ///< of the session, or of the last one
     double m_playedBefore = 0; ///< seconds that the game had been played when this session began
+    double m_played = 0; ///< seconds of this session, when the panel opened: the game stands still since
     bool m_quitting = false;
     QString m_picture;
     int m_pictureNumber = 0; ///< addresses are cached
