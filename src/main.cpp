@@ -93,7 +93,7 @@ class Program {
 public:
     /// `shell`: the window that is shown already and waits for its content, if any.
     Program(const Places &places, Preferences &preferences, RequestChannel &channel, std::unique_ptr<Tasks> tasks,
-            std::unique_ptr<WindowShell> shell, LibraryReading reading)
+            std::unique_ptr<WindowShell> shell)
         : m_places(places), m_tasks(std::move(tasks)), m_preferences(preferences), m_shell(std::move(shell)),
           m_translator(chooseLanguage(preferences.get(preference::appLanguage), QLocale::system().uiLanguages()),
                        places.host),
@@ -102,8 +102,7 @@ public:
           m_patches(places, m_endpoints, m_emulators, *m_http, *m_clock, *m_tasks),
           m_launcher(places, preferences, *m_workspace, *m_processes, *m_clock, *m_tasks, m_emulators, m_changes,
                      [this] { return session(); }),
-          m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher,
-                    std::move(reading)),
+          m_library(places, preferences, *m_clock, *m_tasks, *m_index, *m_workspace, *m_processes, m_launcher),
           m_bios(places, m_emulators, preferences, *m_workspace, *m_tasks, m_changes),
           m_commands(places, m_library, m_emulators.finder(), preferences, m_bios, *m_tasks, m_translator)
     {
@@ -379,7 +378,6 @@ int main(int argc, char **argv)
         QCoreApplication::exec();
     }
 
-    LibraryReading reading = beginReading(places);
     EarlyRequests early(*channel);
     logTo(places.logFile());
     Preferences preferences(places.preferencesFile());
@@ -391,7 +389,7 @@ int main(int argc, char **argv)
         shell = showShell(places);
         if (!shell) return 0;
     }
-    Program program(places, preferences, *channel, std::move(tasks), std::move(shell), std::move(reading));
+    Program program(places, preferences, *channel, std::move(tasks), std::move(shell));
     program.serveTerminal(arguments);
     early.passTo(program);
     return QCoreApplication::exec();

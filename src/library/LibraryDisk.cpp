@@ -36,11 +36,6 @@ static std::optional<QList<GameEntry>> readGames(const QString &name)
     return decodeLibrary(std::move(json));
 }
 
-LibraryReading beginReading(const Places &places)
-{
-    return std::async(std::launch::async, readGames, places.libraryFile());
-}
-
 static void syncFolder(const QString &folder)
 {
     const int handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -71,12 +66,12 @@ QString LibraryDisk::inDataFolder(const QString &ending) const
     return m_places.libraryFile() + ending;
 }
 
-QList<GameEntry> LibraryDisk::read(const QDateTime &now, LibraryReading begun)
+QList<GameEntry> LibraryDisk::read(const QDateTime &now)
 {
     QDir().mkpath(m_places.dataFolder());
     m_found = Found::nothing;
     if (!QFileInfo::exists(m_file)) return {};
-    std::optional<QList<GameEntry>> games = begun.valid() ? begun.get() : readGames(m_file);
+    std::optional<QList<GameEntry>> games = readGames(m_file);
     m_found = games ? Found::good : Found::unreadable;
     m_startedUnreadable = !games;
     if (!games) m_setAside = freeSetAsideName(now);

@@ -4,15 +4,7 @@
 #include "library/GameEntry.h"
 #include "platform/Places.h"
 
-#include <future>
-
 class Preferences;
-
-/// What the library file holds, while it is read in the background; nothing when it is missing or can't be read.
-using LibraryReading = std::future<std::optional<QList<GameEntry>>>;
-
-/// For a start that has other things to do meanwhile. This process must own the library already.
-LibraryReading beginReading(const Places &places);
 
 /// The library's files: library.json, the good copy of each day, the portable copy in the Velko folder. Never replaces
 /// a file that it could not read: such a file is set aside under a dated name before anything is written.
@@ -21,8 +13,7 @@ public:
     LibraryDisk(const Places &places, const Preferences &preferences);
 
     /// Empty when there is no file, or one that can't be read: then `setAsideFile` has a name.
-    /// Waits for a reading that was begun, or reads by itself.
-    QList<GameEntry> read(const QDateTime &now, LibraryReading begun = {});
+    QList<GameEntry> read(const QDateTime &now);
 
     /// Whole or not at all: after a failure or a power cut the old file is still there. The day's first call keeps the
     /// old file as the day's copy. Failures of the portable copy are dropped; after a start without a

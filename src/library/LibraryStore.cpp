@@ -12,12 +12,12 @@
 using namespace Qt::StringLiterals;
 
 LibraryStore::LibraryStore(const Places &places, Preferences &preferences, Clock &clock, Tasks &tasks, FileIndex &index,
-                           Workspace &workspace, ProcessControl &processes, GameLauncher &launcher,
-                           LibraryReading begun)
-    : m_host(places.host), m_preferences(preferences), m_clock(clock), m_tasks(tasks), m_disk(places, preferences),
-      m_scan(tasks, places.host), m_launcher(launcher), m_launch(places, clock, tasks, index, processes, launcher),
+                           Workspace &workspace, ProcessControl &processes, GameLauncher &launcher, QObject *parent)
+    : QObject(parent), m_host(places.host), m_preferences(preferences), m_clock(clock), m_tasks(tasks),
+      m_disk(places, preferences), m_scan(tasks, places.host), m_launcher(launcher),
+      m_launch(places, clock, tasks, index, processes, launcher),
       m_sessions(clock, [this](const auto &stretches, const auto &moment) { countPlayTime(stretches, moment); }),
-      m_games(m_disk.read(clock.now(), std::move(begun))), m_romFolders(preferences.get(preference::romFolders))
+      m_games(m_disk.read(clock.now())), m_romFolders(preferences.get(preference::romFolders))
 {
     connect(&workspace, &Workspace::ended, this, &LibraryStore::programEnded);
     connect(&m_scan, &FolderScan::changed, this, &LibraryStore::scanningChanged);

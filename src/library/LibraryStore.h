@@ -42,7 +42,7 @@ class LibraryStore : public QObject {
     Q_PROPERTY(QString missingFile READ missingFile NOTIFY missingFileChanged)
 public:
     LibraryStore(const Places &places, Preferences &preferences, Clock &clock, Tasks &tasks, FileIndex &index,
-                 Workspace &workspace, ProcessControl &processes, GameLauncher &launcher, LibraryReading begun = {});
+                 Workspace &workspace, ProcessControl &processes, GameLauncher &launcher, QObject *parent = nullptr);
     ~LibraryStore() override;
 
     const QList<GameEntry> &games() const { return m_games; } ///< in file order
