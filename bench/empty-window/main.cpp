@@ -12,7 +12,7 @@ int main(int argc, char **argv)
         std::fflush(stdout);
         QGuiApplication::quit();
     });
-    view.resize(1280, 800);
+    view.resize(1440, 900);
     view.show();
     return QGuiApplication::exec();
 }
