@@ -385,9 +385,9 @@ int main(int argc, char **argv)
     auto tasks = makeTasks();
     std::unique_ptr<WindowShell> shell;
     if (isForWindow(command.value())) {
-        readFonts(*tasks);
         shell = showShell(places);
         if (!shell) return 0;
+        readFonts(*tasks); // not sooner: it would take a processor from the display server, which draws that frame
     }
     Program program(places, preferences, *channel, std::move(tasks), std::move(shell));
     program.serveTerminal(arguments);
