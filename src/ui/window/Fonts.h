@@ -6,6 +6,6 @@ class Tasks;
 /// before any text is laid out.
 void nameFontSubstitutes();
 
-/// Reading what is installed takes long where there are thousands of fonts. Begun early and in the background, it is
-/// done or nearly done when the first text is laid out. Names the substitutes as well. Needs a QGuiApplication.
+/// Reading what is installed takes long where there are thousands of fonts. Begun in the background before the pages are
+/// built, it is done or nearly done when the first text is laid out. Names the substitutes as well. Needs a QGuiApplication.
 void readFonts(Tasks &tasks);
