@@ -98,7 +98,7 @@ public:
         waitFor(time, [] { return false; });
     }
 
-    VirtualDisplay display;
+    VirtualDisplay display; ///< with openbox: composing windows without a graphics card costs half a processor and more
     QProcess velko;
     qint64 game = 0;
     bool ready = false;

@@ -7,6 +7,7 @@ build_packages=(
     libsimdjson-dev libsdl2-dev libarchive-dev libyaml-cpp-dev
     libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libxcb-xtest0-dev libxcb-shm0-dev
 )
+# Debian's QML packages do not name each other, and one that is missing shows only at run time: each import is here.
 run_packages=(
     qml6-module-qtquick qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
     qt6-image-formats-plugins libgl1-mesa-dri fonts-inter fonts-noto-core fonts-dejavu-core

@@ -8,7 +8,9 @@ class XServer {
 public:
     enum class Kind {
         oneOutput, ///< a virtual frame buffer of 1280 × 720
-        twoOutputs, ///< a real server with two outputs of 1920 × 1080, DUMMY0 on the left of DUMMY1; needs root
+        /// A real server with two outputs of 1920 × 1080, DUMMY0 on the left of DUMMY1; needs root. Monitors drawn over
+        /// a frame buffer won't do: SDL sees one display there, kwin fills both, xfwm4 keeps windows on the left.
+        twoOutputs,
     };
     explicit XServer(Kind kind = Kind::oneOutput, const QString &windowManager = QStringLiteral("openbox"));
     ~XServer();

@@ -97,8 +97,10 @@ QStringList dolphinArguments(const LaunchRequest &request, const QString &state,
     const auto set = [](const QString &setting) { return QStringList{u"-C"_s, setting}; };
     QStringList arguments =
         startsFullScreen(request, facts) ? fullScreenArguments(u"dolphin"_s) : windowArguments(u"dolphin"_s);
+    // Its questions: at the end whether to end, at the first start whether it may send statistics.
     arguments += set(u"Dolphin.Interface.ConfirmStop=False"_s) + set(u"Dolphin.Analytics.PermissionAsked=True"_s);
     arguments += stateArguments(u"dolphin"_s, state);
+    // Without -b its list of games stays, in a window that is larger than the game's.
     arguments += {u"-b"_s, u"-e"_s, request.path};
     // The system is called Graphics on the command line, although its file is GFX.ini.
     arguments += set(u"Graphics.Settings.InternalResolution="_s + quality(request, u"dolphin"_s, facts));

@@ -26,6 +26,8 @@ bool countsByMangoHud(const GameSettings &settings, const QString &emulatorID, c
 QMap<QString, QString> linuxEnvironment(const GameSettings &settings, const QString &emulatorID,
                                         const LaunchFacts &facts)
 {
+    // Else Qt shows its menus to nobody: the desktop's own switch is the user's, and a program that runs already is not
+    // reached by it.
     QMap<QString, QString> environment{{u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s}};
     if (facts.waylandSession) {
         // On XWayland windows can be placed, keys posted and pictures taken. One variable for each toolkit.

@@ -98,7 +98,7 @@ private:
     const Sdl *m_sdl = nullptr; ///< from the start on
     std::vector<OpenPad> m_pads;
     QFileSystemWatcher m_devices; ///< rings when one is plugged in
-    Timer m_poll; ///< only while an open controller has no bell
+    Timer m_poll; ///< only while an open controller has no bell: SDL's own waiting wakes up a thousand times a second
     Timer m_rest; ///< after a bell has rung
     Timer m_again; ///< a device that was plugged in is not ready at once
     std::unique_ptr<CommandPipe> m_pipe;
@@ -126,7 +126,7 @@ void LinuxGamepads::start()
     m_sdl->SetMainReady();
     // With its own handlers SDL takes SIGTERM and SIGINT, and Velko cannot be ended any more.
     m_sdl->SetHintWithPriority(SDL_HINT_NO_SIGNAL_HANDLERS, "1", SDL_HINT_OVERRIDE);
-    m_sdl->SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
+    m_sdl->SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1"); // SDL has no window, so none of its own is in front
     m_sdl->SetHint(SDL_HINT_GAMECONTROLLER_USE_BUTTON_LABELS, "0"); // by place, as emulators map them
     // Through hidraw some controllers report hundreds of times a second while they lie still; the kernel's own drivers
     // report changes only.

@@ -5,6 +5,7 @@
 
 namespace {
 
+/// By XTest, as from a keyboard: what is sent to a window itself programs with SDL ignore.
 class LinuxKeys final : public Keys {
 public:
     explicit LinuxKeys(const QByteArray &display) : m_display(display) { }

@@ -105,8 +105,8 @@ bool LinuxProcessControl::stopGuarded(qint64 pid, quint64 started)
     return false;
 }
 
-/// Stops what is not stopped yet in a tree. True when there may be more: something was new, or has not come to its
-/// stop yet and may still be about to start a child.
+/// Stops what is not stopped yet in a tree, since a stop reaches no children; parents first. True when there may be
+/// more: something was new, or has not come to its stop yet and may still be about to start a child.
 bool LinuxProcessControl::stopMore(qint64 pid, Started &stopped)
 {
     bool more = false;

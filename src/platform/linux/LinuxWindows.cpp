@@ -137,7 +137,8 @@ void LinuxWindows::setFullScreen(quint64 window, bool fullScreen, int display)
 {
     const QList<XDisplay> displays = fullScreen ? displaysOf(*m_connection) : QList<XDisplay>();
     if (display >= 0 && display < displays.size() && managerKnows("_NET_WM_FULLSCREEN_MONITORS")) {
-        // Said each time: kwin goes on using the last choice.
+        // Said each time: kwin goes on using the last choice. openbox knows no such request and takes the display that
+        // the window is on.
         const auto number = quint32(displays[display].number);
         tellManager(window, "_NET_WM_FULLSCREEN_MONITORS", {number, number, number, number, fromUser});
     }

@@ -201,6 +201,7 @@ void GuideOverlay::goBackToGame()
     activateGame();
 }
 
+/// xfwm4 leaves the keyboard with nobody when a window goes that it does not manage.
 void GuideOverlay::activateGame()
 {
     if (const auto window = gameWindow()) m_reach.windows.activate(window->id);

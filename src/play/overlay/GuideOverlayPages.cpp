@@ -137,7 +137,7 @@ void GuideOverlay::askForState(GuideItem item)
     const RunningGame game = *m_session;
     const SaveStatePolicy policy = m_parts.states.policy(game);
     if (!policy.acts()) return answer(policy.explanation, u"info.circle"_s);
-    close();
+    close(); // a game that stands still answers no question about its menus, and its window isn't in front for a key
     if (item == GuideItem::saveState)
         m_parts.states.save(game);
     else

@@ -27,6 +27,7 @@ void Screenshots::take(const std::optional<RunningGame> &game, bool afterOverlay
     if (!game) return finish({u"Start a game, then press Share to capture it"_s, {}}, u"camera.fill"_s);
     m_busy = true;
     if (!afterOverlay) return capture(*game);
+    // Until then the game has drawn again what the menu or a notice lay over.
     m_delay = m_clock.after(250ms, [this, game = *game] { capture(game); });
 }
 

@@ -134,7 +134,8 @@ void SaveStates::tryNextWay()
     case StateWay::interface:
         return askInterface();
     case StateWay::key:
-        if (keysBesideMenus(m_command->game.engine, m_reach.places.host) && !m_command->menusOutOfReach)
+        if (keysBesideMenus(m_command->game.engine, m_reach.places.host) && !m_command->menusOutOfReach
+            && !m_command->showsNoMenus)
             return asked(false); // a menu that lacks the command, or has it switched off, knows better
         return pressKey();
     case StateWay::menu:
@@ -194,7 +195,9 @@ void SaveStates::searchMenu()
 
 void SaveStates::pressEntry(const QList<MenuEntry> &entries)
 {
-    const Command &command = *m_command;
+    Command &command = *m_command;
+    // At a start the menus may only be late, and a key that comes too early would count as a state that was loaded.
+    command.showsNoMenus = entries.isEmpty() && !command.atLaunch;
     const auto entry = findMenuCommand(entries, stateTitles(command.what, command.game.engine, m_reach.places.host));
     if (!entry) return asked(false);
     m_reach.accessibility.press(*entry, [this, alive = QPointer(this), token = m_token](bool pressed) {

@@ -69,6 +69,7 @@ private:
         int rounds = 1; ///< through all ways, with this one
         bool reached = false; ///< some way has reached the emulator
         bool menusOutOfReach = false; ///< on this desktop
+        bool showsNoMenus = false; ///< the emulator, as one in a sandbox may not
         quint64 window = 0; ///< that must be in front for the key
         std::chrono::milliseconds end{0}; ///< of what is waited for, in the clock's awake time
         bool looking = false;

@@ -40,8 +40,9 @@ void GameQuit::start()
     m_looks = m_reach.clock.every(lookEvery, [this] { look(); });
 }
 
-// A stopped program takes no request, so it goes on first. There is never a second signal. It goes to whoever draws the
-// window, since a wrapper around the emulator, as that of a Flatpak, would pass nothing on.
+// A stopped program takes no request, and about one that doesn't answer kwin and xfwm4 ask the user whether to kill it:
+// so it goes on first. There is never a second signal, at which Dolphin would end while it still asks. It goes to
+// whoever draws the window, since a wrapper around the emulator, as that of a Flatpak, would pass nothing on.
 void GameQuit::askPolitely()
 {
     m_reach.processes.thaw(m_game.pid);
