@@ -238,6 +238,7 @@ protected:
     {
         SetUpOrder order;
         order.wish = {id, Host::linux, folders(id), u"/games/game"_s, settings, QualityPreset::medium};
+        order.wish.gameFile = gameFile;
         order.mapsController = xbox;
         order.vblankRate = vblankRate;
         order.notes = {journal, {800000000}, {}};
@@ -253,6 +254,7 @@ protected:
     const TemporaryHome home;
     FakeProcessControl processes;
     ChangeJournal journal;
+    QString gameFile;
     GameSettings settings;
     std::optional<int> vblankRate;
     bool xbox = false;
@@ -350,6 +352,22 @@ TEST_F(SetUp, vblankRateIsWrittenWhenItIsAskedFor)
     EXPECT_EQ(setUp(u"rpcs3"_s).vblankRate, 60);
     EXPECT_TRUE(home.read(file).contains("  Vblank Rate: 60\n"));
     EXPECT_FALSE(setUp(u"ppsspp"_s).vblankRate);
+}
+
+TEST_F(SetUp, aGamesOwnFileInRpcs3GetsWhatWasChosenForTheGame)
+{
+    const QByteArray users = "Video:\n  Resolution Scale: 100\n  Vblank Rate: 90\n";
+    gameFile = home.write(u".config/rpcs3/custom_configs/config_BLUS30443.yml"_s, users);
+    const auto after = [this](std::optional<int> rate, std::optional<QualityPreset> quality) {
+        vblankRate = rate;
+        settings.quality = quality;
+        setUp(u"rpcs3"_s);
+        return home.read(u".config/rpcs3/custom_configs/config_BLUS30443.yml"_s);
+    };
+    EXPECT_EQ(after({}, {}), users);
+    EXPECT_EQ(after(60, {}), users) << "another game's patch had raised the rate";
+    EXPECT_EQ(after(120, QualityPreset::medium), "Video:\n  Resolution Scale: 150\n  Vblank Rate: 120\n");
+    EXPECT_TRUE(after(60, QualityPreset::medium).contains("Vblank Rate: 90\n"));
 }
 
 TEST_F(SetUp, xboxControllersAreMappedInPcsx2)

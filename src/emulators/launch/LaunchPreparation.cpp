@@ -3,6 +3,7 @@
 #include "emulators/bios/XemuSetup.h"
 #include "emulators/controllers/ControllerMapping.h"
 #include "emulators/launch/CommandChannel.h"
+#include "emulators/launch/GameIdentity.h"
 #include "emulators/launch/LaunchArguments.h"
 #include "emulators/launch/OpenEmuLibrary.h"
 #include "emulators/launch/SessionLog.h"
@@ -61,12 +62,26 @@ static QString socketFor(const InstalledEmulator &xemu, const QString &gamePath,
     return socket;
 }
 
+/// Empty: the game cannot have one.
+static QString gameFileOf(const SettingsWish &wish)
+{
+    if (wish.emulatorID != "rpcs3"_L1 || wish.host == Host::mac) return {};
+    const auto identity = ps3Identity(wish.gamePath, wish.folders.config + u"/dev_hdd0/game"_s);
+    return identity ? rpcs3GameFile(wish.folders, identity->serial) : QString();
+}
+
 static SetUpOrder orderOf(const InstalledEmulator &emulator, const LaunchInput &input, const Places &places)
 {
     const LaunchRequest &request = input.request;
     SetUpOrder order;
-    order.wish = {emulator.emulatorID, places.host,      emulatorFolders(emulator, places),
-                  request.path,        request.settings, request.settings.quality.value_or(input.quality)};
+    order.wish = {emulator.emulatorID,
+                  places.host,
+                  emulatorFolders(emulator, places),
+                  request.path,
+                  request.settings,
+                  request.settings.quality.value_or(input.quality),
+                  {}};
+    order.wish.gameFile = gameFileOf(order.wish);
     LaunchFacts facts;
     facts.host = places.host;
     facts.displays = input.session.displays;

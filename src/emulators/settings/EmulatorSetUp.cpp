@@ -48,9 +48,15 @@ QList<Batch> batchesOf(const SetUpOrder &order, const ProcessControl &processes)
         batchOf(batches, settings).backUp = BackUp::once;
     }
     add(batches, settings);
+    add(batches, gameFileEdits(wish));
     add(batches, order.found);
-    if (wish.emulatorID == QLatin1String("rpcs3") && order.vblankRate)
-        add(batches, vblankRateEdits(wish.folders, *order.vblankRate));
+    if (wish.emulatorID == QLatin1String("rpcs3") && order.vblankRate) {
+        add(batches, vblankRateEdits(settings.file, *order.vblankRate));
+        FileEdits ofGame = vblankRateEdits(wish.gameFile, *order.vblankRate);
+        if (order.vblankRate == usualVblankRate)
+            ofGame.edits.first().how = ConfigEdit::How::putBack; // it may be the user's own
+        add(batches, ofGame);
+    }
     for (const FileEdits &quiet : quietNow(order, processes)) {
         add(batches, quiet);
         batchOf(batches, quiet).backUp = BackUp::once;

@@ -111,6 +111,17 @@ FileEdits settingsEdits(const SettingsWish &wish)
     return file;
 }
 
+FileEdits gameFileEdits(const SettingsWish &wish)
+{
+    const QString &id = wish.emulatorID;
+    FileEdits file{wish.gameFile, formatOf(id), {}};
+    if (wish.settings.quality)
+        file.edits += qualityEdits(id, QString::number(qualityValue(id, wish.quality, wish.host)),
+                                   wish.quality != QualityPreset::minimum, wish.host);
+    file.edits += wantedOrPutBack(counterEdits(id), wish.settings.showFPS);
+    return file;
+}
+
 /// Azahar takes a key only when its twin says that it is not at its default.
 static QList<ConfigEdit> azaharKey(const QString &section, const QString &key, const QString &value)
 {
@@ -152,8 +163,12 @@ QList<FileEdits> quietEdits(const QString &emulatorID, Host host, const Emulator
     return file.edits.isEmpty() ? QList<FileEdits>() : QList{file};
 }
 
-FileEdits vblankRateEdits(const EmulatorFolders &rpcs3, int rate)
+FileEdits vblankRateEdits(const QString &file, int rate)
 {
-    return {
-        settingsFile(u"rpcs3"_s, rpcs3), ConfigFormat::yaml, {{{u"Video"_s}, u"Vblank Rate"_s, QString::number(rate)}}};
+    return {file, ConfigFormat::yaml, {{{u"Video"_s}, u"Vblank Rate"_s, QString::number(rate)}}};
+}
+
+QString rpcs3GameFile(const EmulatorFolders &rpcs3, const QString &serial)
+{
+    return rpcs3.config + u"/custom_configs/config_"_s + serial + u".yml"_s;
 }
