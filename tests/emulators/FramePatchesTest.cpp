@@ -111,6 +111,17 @@ TEST_F(FramePatchStore, saysWhatFailedAndDropsWhatIsCancelled)
     EXPECT_EQ(phase(), Phase::available);
 }
 
+TEST_F(FramePatchStore, goesOnForALaunchWhenAGameGivesItUp)
+{
+    http.pages[ps3Address] = {200, ps3List, {}};
+    patches.look(u"A"_s, u"ps3"_s, ps3Game());
+    bool ready = false;
+    patches.prepare(u"ps3"_s, [&ready](bool) { ready = true; });
+    patches.cancel(u"A"_s);
+    http.deliver();
+    EXPECT_TRUE(ready);
+}
+
 TEST_F(FramePatchStore, unpacksTheRepositoryOfThePlayStation4)
 {
     const QByteArray xml =

@@ -76,7 +76,8 @@ void FramePatches::cancel(const QString &gameID)
     m_looks.erase(look);
     const bool others =
         std::ranges::any_of(m_looks, [&consoleID](const Look &each) { return consoleOf(each.game) == consoleID; });
-    if (!others) m_downloads.remove(consoleID);
+    const auto download = m_downloads.value(consoleID);
+    if (!others && download && !download->launchWaits) m_downloads.remove(consoleID);
     setState(gameID, {});
 }
 
@@ -141,6 +142,7 @@ void FramePatches::prepare(const QString &consoleID, std::function<void(bool)> r
     };
     wait->limit = m_clock.after(launchWaits, goOn);
     fetch(consoleID, [goOn](bool) { goOn(); });
+    if (const auto download = m_downloads.value(consoleID)) download->launchWaits = true;
 }
 
 void FramePatches::fetch(const QString &consoleID, std::function<void(bool)> done)

@@ -61,6 +61,7 @@ private:
         Transfer transfer;
         bool underWay = false;
         double progress = -1;
+        bool launchWaits = false;
         QList<std::function<void(bool)>> waiting;
     };
 
